@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs everything the build, the program and the tests need on Debian 12.
+# Idempotent: a second run installs nothing and prints nothing but errors.
+set -euo pipefail
+
+PACKAGES=(
+  # build
+  build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
+  qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-tools-dev
+  libicu-dev libx11-dev libx11-xcb-dev libxcb1-dev libxext-dev libxss-dev libcanberra-dev
+  qt6-speech-dev
+  # run
+  qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
+  qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-shapes
+  qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
+  python3 procps
+  # tests and headless runs
+  xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick
+  dbus dbus-x11 tmux
+)
+
+missing=()
+for p in "${PACKAGES[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+sudo_cmd=""
+[ "$(id -u)" -eq 0 ] || sudo_cmd="sudo"
+export DEBIAN_FRONTEND=noninteractive
+if [ ${#missing[@]} -gt 0 ]; then
+  $sudo_cmd apt-get update -qq
+  $sudo_cmd apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+fi
+
+# Node.js and npm come with the machine image; the tests that drive Claude Code need them.
+if ! command -v npm >/dev/null 2>&1; then
+  $sudo_cmd apt-get install -y -qq --no-install-recommends nodejs npm >/dev/null
+fi

@@ -1,0 +1,9 @@
+#include "app/IslandAppDelegate.h"
+
+namespace vaxo {
+
+void IslandAppDelegate::applicationDidFinishLaunching() {}
+
+void IslandAppDelegate::applicationWillTerminate() {}
+
+} // namespace vaxo
