@@ -25,8 +25,8 @@ void LocalHookSource::start(Callback onChange)
     m_stopped = false;
     prepareDirectory();
     reload();
-    if (!m_watcher->watch(m_directory))
-        qWarning().noquote() << QStringLiteral("[island] cannot watch %1").arg(m_directory);
+    if (!m_watcher->watch(directory()))
+        qWarning().noquote() << QStringLiteral("[island] cannot watch %1").arg(directory());
 }
 
 void LocalHookSource::stop()
@@ -46,7 +46,7 @@ void LocalHookSource::reload()
 {
     if (m_stopped)
         return;
-    std::optional<QList<AgentSession>> loaded = SessionDirectory::load(m_directory, m_clock.now(), maxAge);
+    std::optional<QList<AgentSession>> loaded = m_directory.load(m_clock.now(), maxAge);
     if (loaded && *loaded != m_sessions) {
         m_sessions = std::move(*loaded);
         if (m_onChange)
@@ -57,9 +57,9 @@ void LocalHookSource::reload()
 
 void LocalHookSource::prepareDirectory()
 {
-    QDir().mkpath(m_directory);
-    QFile::setPermissions(m_directory, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const QString marker = m_directory + QStringLiteral("/.metadata_never_index");
+    QDir().mkpath(directory());
+    QFile::setPermissions(directory(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString marker = directory() + QStringLiteral("/.metadata_never_index");
     if (!QFile::exists(marker)) {
         QFile file(marker);
         file.open(QIODevice::WriteOnly);

@@ -32,7 +32,7 @@ public:
     void prepareDirectory();
 
     const QList<AgentSession> &sessions() const { return m_sessions; }
-    const QString &directory() const { return m_directory; }
+    const QString &directory() const { return m_directory.path(); }
     double maxAge = SessionDirectory::kMaxAge;
 
 signals:
@@ -40,7 +40,7 @@ signals:
     void reloaded();
 
 private:
-    QString m_directory;
+    SessionDirectory m_directory;
     Clock &m_clock;
     QPointer<FolderWatcher> m_watcher;
     Timer *m_coalesce;

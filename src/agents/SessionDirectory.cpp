@@ -1,37 +1,61 @@
 #include "agents/SessionDirectory.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
 
 namespace vaxo {
+namespace {
 
-std::optional<QList<AgentSession>> SessionDirectory::load(const QString &dir, double now, double maxAge)
+struct DirCloser {
+    void operator()(DIR *dir) const { closedir(dir); }
+};
+
+} // namespace
+
+std::optional<QList<AgentSession>> SessionDirectory::load(double now, double maxAge)
 {
-    const QDir folder(dir);
-    if (!folder.exists() || !folder.isReadable())
+    const QByteArray folder = QFile::encodeName(m_path);
+    std::unique_ptr<DIR, DirCloser> dir(opendir(folder.constData()));
+    if (!dir)
         return std::nullopt;
-    const QStringList names =
-        folder.entryList(QDir::Files | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
 
     QList<AgentSession> sessions;
-    for (const QString &name : names) {
+    QHash<QString, Decoded> decoded;
+    while (const dirent *entry = readdir(dir.get())) {
+        const QByteArray name(entry->d_name);
         // Also skips the writers' temporary files and the indexing marker.
-        if (!name.endsWith(QLatin1String(".json")))
+        if (!name.endsWith(".json"))
             continue;
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::ReadOnly))
+        const QByteArray file = folder + '/' + name;
+        struct stat st {};
+        if (::stat(file.constData(), &st) != 0 || !S_ISREG(st.st_mode))
             continue;
-        std::optional<AgentSession> session = AgentSession::decode(file.readAll());
+        const Stamp stamp{quint64(st.st_ino), qint64(st.st_size),
+                          qint64(st.st_mtim.tv_sec) * 1'000'000'000 + st.st_mtim.tv_nsec,
+                          qint64(st.st_ctim.tv_sec) * 1'000'000'000 + st.st_ctim.tv_nsec};
+        const QString key = QFile::decodeName(name);
+        Decoded entryState = m_decoded.value(key);
+        if (!(entryState.stamp == stamp)) {
+            QFile in(QFile::decodeName(file));
+            if (!in.open(QIODevice::ReadOnly))
+                continue;
+            entryState = {stamp, AgentSession::decode(in.readAll())};
+        }
+        decoded.insert(key, entryState);
+        const std::optional<AgentSession> &session = entryState.session;
         if (!session)
             continue;
         if (session->updated && now - *session->updated > maxAge) {
-            file.remove(); // a failed removal still leaves the record out
+            QFile::remove(QFile::decodeName(file)); // a failed removal still leaves the record out
             continue;
         }
-        sessions.append(std::move(*session));
+        sessions.append(*session);
     }
+    m_decoded = std::move(decoded);
     sort(sessions);
     return sessions;
 }

@@ -62,13 +62,10 @@ void LocalHookSourceTest::cleanup()
 
 void LocalHookSourceTest::writeSession(const QString &id, const QString &status, double updated)
 {
-    // As the hook writes: a temporary name, then a rename over the final one.
-    const QString tmp = dir() + "/." + id + ".tmp";
-    test::TempHome::write(tmp, QStringLiteral(R"({"id":"%1","agent":"claude","label":"p","status":"%2","updated":%3})")
+    test::TempHome::replace(dir() + "/" + id + ".json", QStringLiteral(R"({"id":"%1","agent":"claude","label":"p","status":"%2","updated":%3})")
                                    .arg(id, status)
                                    .arg(updated, 0, 'f', 3)
                                    .toUtf8());
-    QFile::rename(tmp, dir() + "/" + id + ".json");
 }
 
 void LocalHookSourceTest::start()
@@ -94,7 +91,7 @@ void LocalHookSourceTest::loadingRules()
     test::TempHome::write(dir() + "/nolabel.json", R"({"id":"n","agent":"c","status":"done"})");
     QDir().mkpath(dir() + "/folder.json"); // cannot be read as a file
 
-    const auto list = SessionDirectory::load(dir(), now);
+    const auto list = SessionDirectory(dir()).load(now);
     QVERIFY(list);
     QStringList ids;
     for (const auto &s : *list)
@@ -107,9 +104,9 @@ void LocalHookSourceTest::loadingRules()
 
 void LocalHookSourceTest::unlistableFolderYieldsNothing()
 {
-    QVERIFY(!SessionDirectory::load(dir() + "/missing", m_clock->now()));
+    QVERIFY(!SessionDirectory(dir() + "/missing").load(m_clock->now()));
     QDir().mkpath(dir());
-    QVERIFY(SessionDirectory::load(dir(), m_clock->now())->isEmpty());
+    QVERIFY(SessionDirectory(dir()).load(m_clock->now())->isEmpty());
 }
 
 void LocalHookSourceTest::startPreparesTheFolderAndStaysQuietWhenEmpty()

@@ -77,9 +77,8 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
     QTRY_COMPARE(pixel(screen.center().x(), 16), QColor(Qt::black));
 
     // A session file written by hand, the way the hook writes it.
-    test::TempHome::write(home.paths().sessions() + "/.s.tmp",
-                          R"({"id":"s","agent":"claude","label":"p","status":"waiting","ask_id":"t"})");
-    QFile::rename(home.paths().sessions() + "/.s.tmp", home.paths().sessions() + "/s.json");
+    test::TempHome::replace(home.paths().sessions() + "/s.json",
+                            R"({"id":"s","agent":"claude","label":"p","status":"waiting","ask_id":"t"})");
     QTRY_COMPARE(state.agentsLabel(), QStringLiteral("1 session needs you"));
     // The alert opens the card and the click area grows with it.
     QVERIFY(state.expanded());

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
 #include <sys/stat.h>
 
 namespace vaxo::test {
@@ -16,6 +17,15 @@ void TempHome::write(const QString &path, const QByteArray &bytes)
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(bytes);
+}
+
+void TempHome::replace(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo info(path);
+    const QString tmp = info.absolutePath() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".tmp");
+    write(tmp, bytes);
+    // QFile::rename refuses to replace an existing file; rename(2) replaces it in one step.
+    ::rename(QFile::encodeName(tmp).constData(), QFile::encodeName(path).constData());
 }
 
 QByteArray TempHome::read(const QString &path)

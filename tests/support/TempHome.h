@@ -18,6 +18,8 @@ public:
 
     // Writes bytes to path (parents created), replacing what was there.
     static void write(const QString &path, const QByteArray &bytes);
+    // As the hook writes: a temporary name beside path, then a rename over it.
+    static void replace(const QString &path, const QByteArray &bytes);
     static QByteArray read(const QString &path);
     static int mode(const QString &path); // POSIX permission bits, -1 when missing
 
