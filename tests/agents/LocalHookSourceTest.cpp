@@ -91,15 +91,26 @@ void LocalHookSourceTest::loadingRules()
     test::TempHome::write(dir() + "/nolabel.json", R"({"id":"n","agent":"c","status":"done"})");
     QDir().mkpath(dir() + "/folder.json"); // cannot be read as a file
 
-    const auto list = SessionDirectory(dir()).load(now);
-    QVERIFY(list);
-    QStringList ids;
-    for (const auto &s : *list)
-        ids << s.id;
-    QCOMPARE(ids, (QStringList{"fresh", "ageless"}));
+    SessionDirectory folder(dir());
+    const auto ids = [&] {
+        QStringList ids;
+        const auto list = folder.load(now);
+        for (const auto &s : *list)
+            ids << s.id;
+        return ids;
+    };
+    QCOMPARE(ids(), (QStringList{"fresh", "ageless"}));
     QVERIFY(!QFile::exists(dir() + "/stale.json"));
     QVERIFY(QFile::exists(dir() + "/broken.json")); // malformed files stay for the writer to fix
     QVERIFY(QFile::exists(dir() + "/nolabel.json"));
+
+    // What the folder remembers never hides a rewrite: replaced, rewritten in place, or fixed.
+    test::TempHome::replace(dir() + "/broken.json", R"({"id":"broken","agent":"c","label":"l","status":"waiting"})");
+    QCOMPARE(ids(), (QStringList{"broken", "fresh", "ageless"}));
+    test::TempHome::write(dir() + "/broken.json", R"({"id":"broken","agent":"c","label":"l","status":"working"})");
+    QCOMPARE(ids(), (QStringList{"fresh", "ageless", "broken"}));
+    QFile::remove(dir() + "/fresh.json");
+    QCOMPARE(ids(), (QStringList{"ageless", "broken"}));
 }
 
 void LocalHookSourceTest::unlistableFolderYieldsNothing()
