@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QDebug>
 
+#include <algorithm>
+
 namespace vaxo {
 namespace {
 
