@@ -1,7 +1,7 @@
+#include "app/IslandScheduler.h"
 #include "FakeActivitySources.h"
 #include "FakeClock.h"
 #include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
 
 #include <QSignalSpy>
 #include <QTest>

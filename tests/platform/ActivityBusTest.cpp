@@ -145,12 +145,14 @@ void ActivityBusTest::signalsCloseAndOpenTheGate_data()
     QTest::addColumn<QVariantList>("back");
     const QString session = QStringLiteral("org.freedesktop.login1.Session");
     QTest::newRow("session lock") << kSessionPath << session << "Lock" << QVariantList{} << QVariantList{};
-    QTest::newRow("locked hint") << kSessionPath << "org.freedesktop.DBus.Properties" << "PropertiesChanged"
-                                 << propertiesChanged(session, "LockedHint", true)
+    QTest::newRow("locked hint") << kSessionPath << "org.freedesktop.DBus.Properties"
+                                 << "PropertiesChanged" << propertiesChanged(session, "LockedHint", true)
                                  << propertiesChanged(session, "LockedHint", false);
-    QTest::newRow("sleep") << "/org/freedesktop/login1" << "org.freedesktop.login1.Manager" << "PrepareForSleep"
-                           << QVariantList{true} << QVariantList{false};
-    QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver" << "org.freedesktop.ScreenSaver"
+    QTest::newRow("sleep") << "/org/freedesktop/login1"
+                           << "org.freedesktop.login1.Manager"
+                           << "PrepareForSleep" << QVariantList{true} << QVariantList{false};
+    QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver"
+                                  << "org.freedesktop.ScreenSaver"
                                   << "ActiveChanged" << QVariantList{true} << QVariantList{false};
 }
 
