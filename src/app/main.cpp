@@ -1,8 +1,7 @@
 #include "app/AppPaths.h"
 #include "app/Cli.h"
 #include "app/IslandAppDelegate.h"
-#include "platform/linux/SystemLog.h"
-#include "platform/linux/TerminationSignals.h"
+#include "platform/PlatformServices.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -34,7 +33,7 @@ int main(int argc, char **argv)
         return 0;
     }
 
-    vaxo::linux_platform::installSystemLog();
+    vaxo::PlatformServices::installLogging();
     // The software renderer redraws only what changed and keeps the resident size small.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication app(argc, argv);
@@ -42,7 +41,6 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationVersion(QStringLiteral(VAXO_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("vaxo-island"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    vaxo::linux_platform::quitOnTerminationSignals();
 
     vaxo::IslandAppDelegate delegate(paths);
     QObject::connect(&app, &QCoreApplication::aboutToQuit, &delegate,

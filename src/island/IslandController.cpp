@@ -1,10 +1,13 @@
 #include "island/IslandController.h"
 
+#include "app/AppActivity.h"
+#include "app/IslandScheduler.h"
 #include "island/IslandGeometry.h"
 #include "island/IslandState.h"
 #include "platform/PanelShell.h"
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QQuickView>
 #include <QScreen>
 #include <QSettings>
@@ -72,6 +75,23 @@ void IslandController::show()
     for (auto signal : {&IslandState::expandedChanged, &IslandState::modeChanged, &IslandState::agentSessionsChanged,
                         &IslandState::showSettingsChanged})
         m_stateSubs << connect(&m_state, signal, this, &IslandController::updateInteractiveRect, Qt::QueuedConnection);
+    connectActivity();
+    IslandScheduler::shared().startTierWatchIfNeeded();
+}
+
+void IslandController::connectActivity()
+{
+    AppActivity &gate = AppActivity::shared();
+    gate.followIsland([state = QPointer<IslandState>(&m_state)] { return state ? state->busyInputs() : IslandBusyInputs{}; });
+    for (auto signal : {&IslandState::expandedChanged, &IslandState::pointerInsideChanged,
+                        &IslandState::pinnedByAlertChanged, &IslandState::showSettingsChanged,
+                        &IslandState::justFinishedAgentChanged, &IslandState::agentSessionsChanged})
+        m_stateSubs << connect(&m_state, signal, &gate, &AppActivity::recomputeIslandBusy, Qt::QueuedConnection);
+
+    IslandScheduler &scheduler = IslandScheduler::shared();
+    m_state.setUserIdle(scheduler.userIdle());
+    m_stateSubs << connect(&scheduler, &IslandScheduler::userIdleChanged, &m_state,
+                           [this, &scheduler] { m_state.setUserIdle(scheduler.userIdle()); });
 }
 
 void IslandController::hide()

@@ -50,6 +50,8 @@ signals:
 
 private:
     QScreen *targetScreen() const;
+    // The animation gate follows the island; the mood follows the user's idleness.
+    void connectActivity();
 
     IslandState &m_state;
     PanelShell &m_shell;

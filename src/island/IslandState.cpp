@@ -158,6 +158,13 @@ void IslandState::setPinnedByAlert(bool pinned)
     emit pinnedByAlertChanged();
 }
 
+IslandBusyInputs IslandState::busyInputs() const
+{
+    const auto active = std::count_if(m_sessions.begin(), m_sessions.end(),
+                                      [](const AgentSession &s) { return s.isWorking() || s.isWaiting(); });
+    return {m_expanded, m_pointerInside, m_pinnedByAlert, m_showSettings, m_justFinished.has_value(), int(active)};
+}
+
 QList<AgentSession> IslandState::waitingSessions() const
 {
     QList<AgentSession> waiting;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "agents/AgentSession.h"
+#include "app/IslandBusyInputs.h"
 #include "island/IslandMode.h"
 #include "island/Mood.h"
 
@@ -66,6 +67,9 @@ public:
     // The user's input idleness, fed by the scheduler; it decides between sleeping and resting.
     bool userIdle() const { return m_userIdle; }
     void setUserIdle(bool idle);
+
+    // What the animation gate needs to know of the island.
+    IslandBusyInputs busyInputs() const;
 
     QList<AgentSession> waitingSessions() const;
     // How long the longest-waiting session has waited, in seconds; 0 when unknown.

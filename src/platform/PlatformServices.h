@@ -18,6 +18,11 @@ struct PlatformServices {
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);
+
+    // Before the application object: route the log lines to the system log.
+    static void installLogging();
+    // After the application object: termination signals quit in order, the shared animation gate and
+    // scheduler get this platform's sources, and the services are made.
     static PlatformServices make();
 };
 

@@ -1,5 +1,10 @@
 #include "platform/PlatformServices.h"
 
+#include "platform/ActivityPlatform.h"
+#include "platform/linux/LinuxActivityPlatform.h"
+#include "platform/linux/SystemLog.h"
+#include "platform/linux/TerminationSignals.h"
+
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"
 #include "platform/linux/X11PanelShell.h"
@@ -11,8 +16,15 @@ FolderWatcher *PlatformServices::newFolderWatcher(QObject *parent)
     return new linux_platform::InotifyFolderWatcher(parent);
 }
 
+void PlatformServices::installLogging()
+{
+    linux_platform::installSystemLog();
+}
+
 PlatformServices PlatformServices::make()
 {
+    linux_platform::quitOnTerminationSignals();
+    ActivityPlatform::install(std::make_unique<linux_platform::LinuxActivityPlatform>());
     PlatformServices services;
     services.sounds = std::make_unique<linux_platform::CanberraSoundPlayer>();
     services.panelShell = std::make_unique<linux_platform::X11PanelShell>();
