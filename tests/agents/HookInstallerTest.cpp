@@ -1,0 +1,165 @@
+#include "FakeClock.h"
+#include "ScriptRun.h"
+#include "TempHome.h"
+#include "agents/HookInstaller.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+using vaxo::HookInstaller;
+using vaxo::test::FakeClock;
+using vaxo::test::TempHome;
+
+class HookInstallerTest : public QObject {
+    Q_OBJECT
+private slots:
+    void scriptsAreWrittenEvenWithoutClaudeCode();
+    void mergeKeepsWhatIsThere_data();
+    void mergeKeepsWhatIsThere();
+    void completeSettingsAreLeftByteForByte();
+    void oneBackupPerDay();
+};
+
+namespace {
+
+constexpr double kDay1 = 1'750'000'000.0; // 2025-06-15 UTC
+const QString kInfo = QStringLiteral("[island] Claude Code hooks installed");
+
+QString backupOf(const HookInstaller &installer, const QString &day)
+{
+    return installer.claudeFolder() + QStringLiteral("/settings.json.bak-vaxo-island-") + day;
+}
+
+QJsonObject settings(const HookInstaller &installer)
+{
+    return QJsonDocument::fromJson(TempHome::read(installer.settingsFile())).object();
+}
+
+} // namespace
+
+void HookInstallerTest::scriptsAreWrittenEvenWithoutClaudeCode()
+{
+    TempHome home;
+    FakeClock clock;
+    const HookInstaller installer(home.paths(), home.root(), clock);
+    QTest::ignoreMessage(QtInfoMsg, "[island] no ~/.claude \u2014 skipping hook install until Claude Code is set up");
+    installer.installIfNeeded();
+
+    QVERIFY(!QFileInfo::exists(installer.claudeFolder()));
+    QCOMPARE(TempHome::mode(home.paths().hookScript()), 0755);
+    const QByteArray hook = TempHome::read(home.paths().hookScript());
+    QVERIFY(hook.startsWith("#!/bin/bash\n"));
+    QVERIFY(hook.contains("DIR=\"" + home.paths().sessions().toUtf8() + "\"\n"));
+    QVERIFY(!hook.contains('@'));
+    QCOMPARE(TempHome::read(home.paths().reporterScript()), TempHome::read(vaxo::test::sourceReporter()));
+}
+
+void HookInstallerTest::mergeKeepsWhatIsThere_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QStringList>("keptKeys");   // other top-level keys that must survive
+    QTest::addColumn<int>("stopEntries");         // entries under "Stop" afterwards
+    QTest::addColumn<bool>("backedUp");
+
+    QTest::newRow("no settings file") << QByteArray() << QStringList{} << 1 << false;
+    QTest::newRow("other tool's hook beside ours")
+        << QByteArray(R"({"model":"opus","hooks":{"Stop":[{"hooks":[{"type":"command","command":"other-tool stop"}]}],
+                       "PreToolUse":[{"matcher":"Bash","hooks":[{"type":"command","command":"guard"}]}]}})")
+        << QStringList{"model"} << 2 << true;
+    QTest::newRow("not a JSON object") << QByteArray("[1, 2, 3]") << QStringList{} << 1 << true;
+    QTest::newRow("not JSON at all") << QByteArray("{\"hooks\": ") << QStringList{} << 1 << true;
+    QTest::newRow("hooks not an object") << QByteArray(R"({"hooks":"none","env":{"A":"1"}})") << QStringList{"env"}
+                                         << 1 << true;
+    QTest::newRow("event not an array of objects") << QByteArray(R"({"hooks":{"Stop":["echo"]}})") << QStringList{}
+                                                   << 1 << true;
+}
+
+void HookInstallerTest::mergeKeepsWhatIsThere()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QStringList, keptKeys);
+    QFETCH(int, stopEntries);
+    QFETCH(bool, backedUp);
+
+    TempHome home;
+    FakeClock clock(kDay1);
+    const HookInstaller installer(home.paths(), home.root(), clock);
+    QDir().mkpath(installer.claudeFolder());
+    if (!before.isNull())
+        TempHome::write(installer.settingsFile(), before);
+    QTest::ignoreMessage(QtInfoMsg, qPrintable(kInfo));
+    installer.installIfNeeded();
+
+    const QJsonObject after = settings(installer);
+    const QJsonObject original = QJsonDocument::fromJson(before).object();
+    for (const QString &key : keptKeys)
+        QCOMPARE(after.value(key), original.value(key));
+    const QJsonObject hooks = after.value("hooks").toObject();
+    for (const QString &event : HookInstaller::events()) {
+        const QJsonArray entries = hooks.value(event).toArray();
+        QVERIFY2(!entries.isEmpty(), qPrintable(event));
+        const QJsonObject ours{{"hooks", QJsonArray{QJsonObject{{"type", "command"},
+                                                                {"command", installer.hookCommand(event)}}}}};
+        QCOMPARE(entries.last().toObject(), ours);
+    }
+    QCOMPARE(hooks.value("Stop").toArray().size(), stopEntries);
+    if (original.value("hooks").isObject() && original.value("hooks").toObject().contains("PreToolUse"))
+        QCOMPARE(hooks.value("PreToolUse"), original.value("hooks").toObject().value("PreToolUse"));
+    QCOMPARE(QFileInfo::exists(backupOf(installer, "2025-06-15")), backedUp);
+    if (backedUp)
+        QCOMPARE(TempHome::read(backupOf(installer, "2025-06-15")), before);
+
+    // Pretty-printed with sorted keys; the command quotes the hook path, which holds a space.
+    const QByteArray text = TempHome::read(installer.settingsFile());
+    QCOMPARE(text, QJsonDocument(after).toJson(QJsonDocument::Indented));
+    QVERIFY(text.indexOf("\"Notification\"") < text.indexOf("\"PermissionRequest\""));
+    QCOMPARE(installer.hookCommand("Stop"), '"' + home.paths().hookScript() + "\" Stop");
+}
+
+void HookInstallerTest::completeSettingsAreLeftByteForByte()
+{
+    TempHome home;
+    FakeClock clock(kDay1);
+    const HookInstaller installer(home.paths(), home.root(), clock);
+    QDir().mkpath(installer.claudeFolder());
+    // All six registered by hand in an order and layout of our own, our command inside a longer one.
+    QJsonObject hooks;
+    for (const QString &event : HookInstaller::events()) {
+        const QString command = "nice " + installer.hookCommand(event);
+        hooks.insert(event, QJsonArray{QJsonObject{{"hooks", QJsonArray{QJsonObject{{"command", command}}}}}});
+    }
+    const QByteArray before = QJsonDocument(QJsonObject{{"hooks", hooks}}).toJson(QJsonDocument::Compact) + "\n";
+    TempHome::write(installer.settingsFile(), before);
+
+    QVERIFY(!installer.mergeSettings());
+    installer.installIfNeeded();
+    QCOMPARE(TempHome::read(installer.settingsFile()), before);
+    QCOMPARE(QDir(installer.claudeFolder()).entryList(QDir::Files), QStringList{"settings.json"});
+}
+
+void HookInstallerTest::oneBackupPerDay()
+{
+    TempHome home;
+    FakeClock clock(kDay1);
+    const HookInstaller installer(home.paths(), home.root(), clock);
+    QDir().mkpath(installer.claudeFolder());
+    TempHome::write(installer.settingsFile(), R"({"first": true})");
+    QVERIFY(installer.mergeSettings());
+
+    // Claude Code's settings lose our hooks later the same day: the morning's backup stays.
+    TempHome::write(installer.settingsFile(), R"({"second": true})");
+    clock.advance(3600);
+    QVERIFY(installer.mergeSettings());
+    QCOMPARE(TempHome::read(backupOf(installer, "2025-06-15")), QByteArray(R"({"first": true})"));
+    QVERIFY(settings(installer).value("second").toBool());
+
+    TempHome::write(installer.settingsFile(), R"({"third": true})");
+    clock.advance(86400);
+    QVERIFY(installer.mergeSettings());
+    QCOMPARE(TempHome::read(backupOf(installer, "2025-06-16")), QByteArray(R"({"third": true})"));
+}
+
+QTEST_GUILESS_MAIN(HookInstallerTest)
+#include "HookInstallerTest.moc"
