@@ -20,6 +20,8 @@ class ClaudeCodeTest : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
+    void init();
+    void cleanup();
     void promptTurnsTheSessionWorking();
     void endOfTurnMakesItDone();
     void allowedToolRuns();
@@ -37,6 +39,7 @@ private:
     QString m_project;
     QProcess m_api;
     QProcess m_claude;
+    bool m_failed = false;
 };
 
 namespace {
@@ -108,6 +111,17 @@ void ClaudeCodeTest::initTestCase()
     QVERIFY(m_claude.waitForStarted(30'000));
 }
 
+void ClaudeCodeTest::init()
+{
+    if (m_failed)
+        QSKIP("an earlier step of the session failed");
+}
+
+void ClaudeCodeTest::cleanup()
+{
+    m_failed = m_failed || QTest::currentTestFailed();
+}
+
 void ClaudeCodeTest::say(const QString &text)
 {
     const QJsonObject message{{"type", "user"}, {"message", QJsonObject{{"role", "user"}, {"content", text}}}};
@@ -146,6 +160,7 @@ void ClaudeCodeTest::allowedToolRuns()
     QTRY_VERIFY_WITH_TIMEOUT(session().value("status") == "waiting" && !askId().isEmpty(), kPatience);
     const QJsonObject asked = session();
     QCOMPARE(asked.value("ask_tool").toString(), "Bash");
+    QVERIFY(askId().startsWith("perm_")); // Claude Code sends no tool-call id; the reporter made one
     QCOMPARE(asked.value("ask_target").toString(), "touch allowed.txt");
     QVERIFY(!QFileInfo::exists(project("allowed.txt")));
 
@@ -181,7 +196,7 @@ void ClaudeCodeTest::endingTheSessionRemovesItsFile()
 
 void ClaudeCodeTest::cleanupTestCase()
 {
-    if (QTest::currentTestFailed() || m_claude.state() != QProcess::NotRunning) {
+    if (m_failed || m_claude.state() != QProcess::NotRunning) {
         qInfo().noquote() << "Claude Code's output:\n" << TempHome::read(m_home.root() + "/claude.out").right(4000);
         qInfo().noquote() << TempHome::read(m_home.root() + "/claude.err").right(2000);
         qInfo().noquote() << "Stand-in's requests:\n" << TempHome::read(m_home.root() + "/api.err").right(2000);
