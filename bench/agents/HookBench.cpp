@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QList>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -21,15 +22,15 @@
 namespace {
 
 struct Case {
-    const char *label;
-    std::vector<const char *> argv;
+    QByteArray label;
+    QList<QByteArray> argv;
     QByteArray payload;
     QString answerId; // answered before each run, so the wait ends at its first look
-    std::vector<double> millis;
+    std::vector<double> millis = {};
 };
 
 // Runs argv with stdin from a file and both outputs discarded; returns the wall time in ms.
-double timeRun(const std::vector<const char *> &argv, const QByteArray &stdinPath, char **env)
+double timeRun(const QList<QByteArray> &argv, const QByteArray &stdinPath, char **env)
 {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -37,8 +38,8 @@ double timeRun(const std::vector<const char *> &argv, const QByteArray &stdinPat
     posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
     std::vector<char *> args;
-    for (const char *a : argv)
-        args.push_back(const_cast<char *>(a));
+    for (const QByteArray &a : argv)
+        args.push_back(const_cast<char *>(a.constData()));
     args.push_back(nullptr);
     QElapsedTimer timer;
     timer.start();
@@ -69,17 +70,16 @@ int main()
     const QByteArray hook = paths.hookScript().toUtf8();
     const QByteArray sid = R"("session_id":"0b9c7a52-3f1e-4d6a-9e1f-2c3d4e5f6a7b","cwd":"/home/ada/island",)";
     const QByteArray toolInput = R"("tool_name":"Bash","tool_input":{"command":"make -j2","description":"Build"})";
+    const auto hookCase = [&](const char *event, const QByteArray &fields, const QString &answerId = {}) {
+        return Case{event, {"/bin/bash", hook, event}, "{" + sid + fields + "}", answerId};
+    };
     std::vector<Case> cases{
-        {"/usr/bin/python3 -c pass", {"/usr/bin/python3", "-c", "pass"}, "{}", {}, {}},
-        {"UserPromptSubmit", {"/bin/bash", hook.constData(), "UserPromptSubmit"},
-         "{" + sid + R"("prompt":"Fix the failing test in the parser, then run the suite."})", {}, {}},
-        {"PostToolUse", {"/bin/bash", hook.constData(), "PostToolUse"},
-         "{" + sid + toolInput + R"(,"tool_response":{"stdout":")" + QByteArray(4000, 'x') + R"("}})", {}, {}},
-        {"Notification", {"/bin/bash", hook.constData(), "Notification"},
-         "{" + sid + R"("message":"Claude needs your permission","notification_type":"permission_prompt"})", {}, {}},
-        {"Stop", {"/bin/bash", hook.constData(), "Stop"}, "{" + sid + R"("stop_hook_active":false})", {}, {}},
-        {"PermissionRequest, answered", {"/bin/bash", hook.constData(), "PermissionRequest"},
-         "{" + sid + toolInput + R"(,"tool_use_id":"toolu_bench"})", "toolu_bench", {}},
+        {"/usr/bin/python3 -c pass", {"/usr/bin/python3", "-c", "pass"}, "{}", {}},
+        hookCase("UserPromptSubmit", R"("prompt":"Fix the failing test in the parser, then run the suite.")"),
+        hookCase("PostToolUse", toolInput + R"(,"tool_response":{"stdout":")" + QByteArray(4000, 'x') + R"("})"),
+        hookCase("Notification", R"("message":"Claude needs your permission","notification_type":"permission_prompt")"),
+        hookCase("Stop", R"("stop_hook_active":false)"),
+        hookCase("PermissionRequest", toolInput + R"(,"tool_use_id":"toolu_bench")", "toolu_bench"),
     };
 
     QByteArray pathVar = "PATH=/usr/bin:/bin", homeVar = "HOME=" + root.path().toUtf8();
@@ -106,7 +106,8 @@ int main()
     std::printf("Hook invocation cost, median of %d runs, in ms (bash + reporter):\n", kRuns);
     for (const Case &c : cases) {
         const double m = median(c.millis);
-        std::printf("  %-30s %7.2f ms   %.2fx the bare interpreter\n", c.label, m, m / bare);
+        const QByteArray label = c.answerId.isEmpty() ? c.label : c.label + " (answered at once)";
+        std::printf("  %-40s %7.2f ms   %.2fx the bare interpreter\n", label.constData(), m, m / bare);
     }
     return 0;
 }

@@ -74,7 +74,8 @@ void AskDecision::answer(const QString &id, bool allow) const
     const bool written = file.write(bytes) == bytes.size() && file.flush();
     file.close();
     QFile::setPermissions(temporary, kPrivateFile);
-    if (!written || std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(base + QStringLiteral(".json")).constData()) != 0)
+    if (!written || std::rename(QFile::encodeName(temporary).constData(),
+                                QFile::encodeName(base + QStringLiteral(".json")).constData()) != 0)
         QFile::remove(temporary);
 }
 

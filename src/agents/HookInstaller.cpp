@@ -75,7 +75,8 @@ void HookInstaller::installIfNeeded() const
 {
     writeScript();
     if (!QFileInfo(claudeFolder()).isDir()) {
-        qInfo().noquote() << QStringLiteral("[island] no ~/.claude \u2014 skipping hook install until Claude Code is set up");
+        qInfo().noquote() << QStringLiteral(
+            "[island] no ~/.claude \u2014 skipping hook install until Claude Code is set up");
         return;
     }
     mergeSettings();
@@ -93,9 +94,9 @@ void HookInstaller::writeScript() const
     QDir().mkpath(m_paths.support);
     const QString path = m_paths.hookScript();
     writeAtomically(path, hookScriptText().toUtf8());
-    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner
-                                    | QFileDevice::ReadGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther
-                                    | QFileDevice::ExeOther);
+    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
+                                    QFileDevice::ReadGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther |
+                                    QFileDevice::ExeOther);
     writeReporter();
 }
 

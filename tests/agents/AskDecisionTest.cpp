@@ -1,7 +1,7 @@
+#include "agents/AskDecision.h"
 #include "FakeClock.h"
 #include "ScriptRun.h"
 #include "TempHome.h"
-#include "agents/AskDecision.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -41,7 +41,8 @@ private:
 namespace {
 
 const QString kAskId = QStringLiteral("toolu_01AbCdEf");
-const QByteArray kAsk = R"({"session_id":"s1","tool_name":"Bash","tool_input":{"command":"make"},"tool_use_id":"toolu_01AbCdEf"})";
+const QByteArray kAsk =
+    R"({"session_id":"s1","tool_name":"Bash","tool_input":{"command":"make"},"tool_use_id":"toolu_01AbCdEf"})";
 
 QJsonObject decisionOutput(const QString &behavior)
 {
@@ -70,11 +71,16 @@ void AskDecisionTest::sanitised_data()
 {
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("tool-use id") << "toolu_01AbC-9" << "toolu_01AbC-9";
-    QTest::newRow("slash and dots") << "../a/b.c" << "___a_b_c";
-    QTest::newRow("letters, marks and digits of any script") << "e\u0301t\u00e9_\u0663\u4e2d" << "e\u0301t\u00e9_\u0663\u4e2d";
-    QTest::newRow("one scalar outside the basic plane") << "a\U0001F600b" << "a_b";
-    QTest::newRow("space and symbols") << "a b+c%" << "a_b_c_";
+    QTest::newRow("tool-use id") << "toolu_01AbC-9"
+                                 << "toolu_01AbC-9";
+    QTest::newRow("slash and dots") << "../a/b.c"
+                                    << "___a_b_c";
+    QTest::newRow("letters, marks and digits of any script") << "e\u0301t\u00e9_\u0663\u4e2d"
+                                                             << "e\u0301t\u00e9_\u0663\u4e2d";
+    QTest::newRow("one scalar outside the basic plane") << "a\U0001F600b"
+                                                        << "a_b";
+    QTest::newRow("space and symbols") << "a b+c%"
+                                       << "a_b_c_";
     QTest::newRow("first 120 kept") << QString(130, 'x') << QString(120, 'x');
 }
 
@@ -129,20 +135,25 @@ void AskDecisionTest::sweepRemovesOnlyOldEntries()
 
 void AskDecisionTest::reporterAcceptsOnlyAFreshMatchingAnswer_data()
 {
-    QTest::addColumn<QString>("file");      // decision file name, under the decisions folder
+    QTest::addColumn<QString>("file");       // decision file name, under the decisions folder
     QTest::addColumn<QByteArray>("content"); // "%NOW" stands for the current time
     QTest::addColumn<QString>("printed");    // accepted behaviour, "" for nothing
     QTest::addColumn<bool>("fileStays");
 
     const QString own = kAskId + ".json";
-    QTest::newRow("allow") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":%NOW})") << "allow" << false;
-    QTest::newRow("deny") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"deny","at":%NOW})") << "deny" << false;
-    QTest::newRow("stale") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":%NOW-601})") << "" << false;
+    QTest::newRow("allow") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":%NOW})") << "allow"
+                           << false;
+    QTest::newRow("deny") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"deny","at":%NOW})") << "deny"
+                          << false;
+    QTest::newRow("stale") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":%NOW-601})") << ""
+                           << false;
     QTest::newRow("no time") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow"})") << "" << false;
     QTest::newRow("wrong id") << own << QByteArray(R"({"id":"toolu_02","behavior":"allow","at":%NOW})") << "" << false;
-    QTest::newRow("unknown behaviour") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"ask","at":%NOW})") << "" << false;
+    QTest::newRow("unknown behaviour") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"ask","at":%NOW})")
+                                       << "" << false;
     QTest::newRow("not an object") << own << QByteArray(R"(["allow"])") << "" << false;
-    QTest::newRow("at not a number") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":"now"})") << "" << false;
+    QTest::newRow("at not a number") << own << QByteArray(R"({"id":"toolu_01AbCdEf","behavior":"allow","at":"now"})")
+                                     << "" << false;
     QTest::newRow("malformed") << own << QByteArray(R"({"id":"toolu_01AbCdEf","beh)") << "" << true;
     QTest::newRow("none within the budget") << "other.json" << QByteArray("{}") << "" << true;
 }
@@ -177,7 +188,9 @@ void AskDecisionTest::reporterWaitsForTheClick_data()
     QTest::newRow("default budget") << "" << kAskId << "allow";
     QTest::newRow("unreadable budget counts as the default") << "abc" << kAskId << "allow";
     // The island writes "a_b.json"; the reporter looks for the raw id and is never answered.
-    QTest::newRow("id that sanitising changes") << "1.5" << "a/b" << "";
+    QTest::newRow("id that sanitising changes") << "1.5"
+                                                << "a/b"
+                                                << "";
 }
 
 void AskDecisionTest::reporterWaitsForTheClick()
@@ -221,12 +234,14 @@ void AskDecisionTest::reporterSurvivesAnyInput_data()
     QTest::newRow("string") << QByteArray("\"PermissionRequest\"");
     QTest::newRow("null") << QByteArray("null");
     QTest::newRow("deep nesting") << QByteArray(200'000, '[');
-    QTest::newRow("huge payload") << QJsonDocument(QJsonObject{{"session_id", "s1"},
-                                                               {"tool_use_id", kAskId},
-                                                               {"prompt", QString(8'000'000, 'x')},
-                                                               {"tool_input", QJsonObject{{"command", QString(1 << 20, 'c')}}}})
+    QTest::newRow("huge payload") << QJsonDocument(
+                                         QJsonObject{{"session_id", "s1"},
+                                                     {"tool_use_id", kAskId},
+                                                     {"prompt", QString(8'000'000, 'x')},
+                                                     {"tool_input", QJsonObject{{"command", QString(1 << 20, 'c')}}}})
                                          .toJson();
-    QTest::newRow("wrong types") << QByteArray(R"({"session_id":7,"cwd":[],"tool_name":{},"tool_input":"x","prompt":null,
+    QTest::newRow("wrong types") << QByteArray(
+        R"({"session_id":7,"cwd":[],"tool_name":{},"tool_input":"x","prompt":null,
                                                   "message":1.5,"tool_use_id":true})");
     QTest::newRow("session id that is a path") << QByteArray(R"({"session_id":"../../x"})");
 }

@@ -1,7 +1,7 @@
+#include "agents/HookInstaller.h"
 #include "FakeClock.h"
 #include "ScriptRun.h"
 #include "TempHome.h"
-#include "agents/HookInstaller.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -59,8 +59,8 @@ void HookInstallerTest::scriptsAreWrittenEvenWithoutClaudeCode()
 void HookInstallerTest::mergeKeepsWhatIsThere_data()
 {
     QTest::addColumn<QByteArray>("before");
-    QTest::addColumn<QStringList>("keptKeys");   // other top-level keys that must survive
-    QTest::addColumn<int>("stopEntries");         // entries under "Stop" afterwards
+    QTest::addColumn<QStringList>("keptKeys"); // other top-level keys that must survive
+    QTest::addColumn<int>("stopEntries");      // entries under "Stop" afterwards
     QTest::addColumn<bool>("backedUp");
 
     QTest::newRow("no settings file") << QByteArray() << QStringList{} << 1 << false;
@@ -70,10 +70,10 @@ void HookInstallerTest::mergeKeepsWhatIsThere_data()
         << QStringList{"model"} << 2 << true;
     QTest::newRow("not a JSON object") << QByteArray("[1, 2, 3]") << QStringList{} << 1 << true;
     QTest::newRow("not JSON at all") << QByteArray("{\"hooks\": ") << QStringList{} << 1 << true;
-    QTest::newRow("hooks not an object") << QByteArray(R"({"hooks":"none","env":{"A":"1"}})") << QStringList{"env"}
-                                         << 1 << true;
-    QTest::newRow("event not an array of objects") << QByteArray(R"({"hooks":{"Stop":["echo"]}})") << QStringList{}
-                                                   << 1 << true;
+    QTest::newRow("hooks not an object") << QByteArray(R"({"hooks":"none","env":{"A":"1"}})") << QStringList{"env"} << 1
+                                         << true;
+    QTest::newRow("event not an array of objects")
+        << QByteArray(R"({"hooks":{"Stop":["echo"]}})") << QStringList{} << 1 << true;
 }
 
 void HookInstallerTest::mergeKeepsWhatIsThere()
@@ -100,8 +100,8 @@ void HookInstallerTest::mergeKeepsWhatIsThere()
     for (const QString &event : HookInstaller::events()) {
         const QJsonArray entries = hooks.value(event).toArray();
         QVERIFY2(!entries.isEmpty(), qPrintable(event));
-        const QJsonObject ours{{"hooks", QJsonArray{QJsonObject{{"type", "command"},
-                                                                {"command", installer.hookCommand(event)}}}}};
+        const QJsonObject ours{
+            {"hooks", QJsonArray{QJsonObject{{"type", "command"}, {"command", installer.hookCommand(event)}}}}};
         QCOMPARE(entries.last().toObject(), ours);
     }
     QCOMPARE(hooks.value("Stop").toArray().size(), stopEntries);

@@ -38,9 +38,9 @@ namespace {
 
 const QString kSid = QStringLiteral("5f0c3a1e-0000-4000-8000-000000000001");
 const QStringList kAskKeys{"ask_tool", "ask_target", "ask_id"};
-const QStringList kAllKeys{"id",      "agent", "label",       "status",      "started",      "updated",
-                           "last_prompt", "last_action", "tasks", "waiting_for", "cwd",      "host_bundle",
-                           "term_app", "term_session", "tty", "ask_tool", "ask_target", "ask_id"};
+const QStringList kAllKeys{"id",          "agent",        "label", "status",      "started",    "updated",
+                           "last_prompt", "last_action",  "tasks", "waiting_for", "cwd",        "host_bundle",
+                           "term_app",    "term_session", "tty",   "ask_tool",    "ask_target", "ask_id"};
 
 QJsonObject json(const char *text)
 {
@@ -81,10 +81,12 @@ void ReporterTest::events_data()
     QTest::addColumn<QByteArray>("expected"); // fields of the record afterwards
 
     const QByteArray asked = R"({"tool_name":"Bash","tool_input":{"command":"rm -rf build"},"tool_use_id":"toolu_01"})";
-    QTest::newRow("prompt") << QByteArray() << QByteArray() << "UserPromptSubmit" << QByteArray(R"({"prompt":"fix it"})")
+    QTest::newRow("prompt") << QByteArray() << QByteArray() << "UserPromptSubmit"
+                            << QByteArray(R"({"prompt":"fix it"})")
                             << QByteArray(R"({"status":"working","last_prompt":"fix it","waiting_for":null})");
-    QTest::newRow("stop") << QByteArray("PostToolUse") << QByteArray(R"({"tool_name":"Read","tool_input":{"path":"a"}})")
-                          << "Stop" << QByteArray("{}")
+    QTest::newRow("stop") << QByteArray("PostToolUse")
+                          << QByteArray(R"({"tool_name":"Read","tool_input":{"path":"a"}})") << "Stop"
+                          << QByteArray("{}")
                           << QByteArray(R"({"status":"done","last_action":null,"waiting_for":null})");
     QTest::newRow("permission request")
         << QByteArray() << QByteArray() << "PermissionRequest" << asked
@@ -93,7 +95,8 @@ void ReporterTest::events_data()
     QTest::newRow("notification with tool information replaces the question")
         << QByteArray("PermissionRequest") << asked << "Notification"
         << QByteArray(R"({"message":"Edit?","tool_name":"Edit","tool_input":{"file_path":"/a.c","url":"x"}})")
-        << QByteArray(R"({"status":"waiting","waiting_for":"Edit?","ask_tool":"Edit","ask_target":"/a.c","ask_id":null})");
+        << QByteArray(
+               R"({"status":"waiting","waiting_for":"Edit?","ask_tool":"Edit","ask_target":"/a.c","ask_id":null})");
     QTest::newRow("bare notification keeps a waiting question")
         << QByteArray("PermissionRequest") << asked << "Notification"
         << QByteArray(R"({"message":"Claude needs your permission","notification_type":"permission_prompt"})")
@@ -107,9 +110,9 @@ void ReporterTest::events_data()
         << QByteArray(R"({"tool_name":"Edit","tool_input":{"command":"c","file_path":"/src/main.c\n"}})")
         << QByteArray(R"({"status":"working","waiting_for":null,"last_action":"Edit /src/main.c","ask_tool":null,
                           "ask_target":null,"ask_id":null})");
-    QTest::newRow("tool use by pattern")
-        << QByteArray() << QByteArray() << "PostToolUse" << QByteArray(R"({"tool_name":"Grep","tool_input":{"pattern":"TODO"}})")
-        << QByteArray(R"({"status":"working","last_action":"Grep TODO"})");
+    QTest::newRow("tool use by pattern") << QByteArray() << QByteArray() << "PostToolUse"
+                                         << QByteArray(R"({"tool_name":"Grep","tool_input":{"pattern":"TODO"}})")
+                                         << QByteArray(R"({"status":"working","last_action":"Grep TODO"})");
     QTest::newRow("other event changes nothing but drops the question")
         << QByteArray("PermissionRequest") << asked << "SubagentStop" << QByteArray("{}")
         << QByteArray(R"({"status":"waiting","waiting_for":"permission","ask_id":null})");
@@ -117,7 +120,8 @@ void ReporterTest::events_data()
         << QByteArray() << QByteArray() << "Stop" << QByteArray(R"({"cwd":"/home/ada/island/"})")
         << QByteArray(R"({"label":"island","cwd":"/home/ada/island/"})");
     QTest::newRow("root folder is labelled session")
-        << QByteArray() << QByteArray() << "Stop" << QByteArray(R"({"cwd":"/"})") << QByteArray(R"({"label":"session"})");
+        << QByteArray() << QByteArray() << "Stop" << QByteArray(R"({"cwd":"/"})")
+        << QByteArray(R"({"label":"session"})");
 }
 
 void ReporterTest::events()
@@ -160,19 +164,20 @@ void ReporterTest::recordCarriesWhatTheEventDoesNotTouch()
     QCOMPARE(first.value("last_prompt").toString(), QString(400, QChar(0xe9)));
 
     // The 300 cuts, and a session without an id.
-    const QJsonObject asked = send("PermissionRequest",
-                                   QJsonObject{{"session_id", QJsonValue()},
-                                               {"message", QString(500, 'm')},
-                                               {"tool_name", "Bash"},
-                                               {"tool_use_id", "toolu_9"},
-                                               {"tool_input", QJsonObject{{"command", QString(500, 'c')}}}});
+    const QJsonObject asked =
+        send("PermissionRequest", QJsonObject{{"session_id", QJsonValue()},
+                                              {"message", QString(500, 'm')},
+                                              {"tool_name", "Bash"},
+                                              {"tool_use_id", "toolu_9"},
+                                              {"tool_input", QJsonObject{{"command", QString(500, 'c')}}}});
     QCOMPARE(asked.value("id").toString(), "unknown");
     QCOMPARE(asked.value("ask_target").toString(), QString(300, 'c'));
     QCOMPARE(asked.value("waiting_for").toString(), QString(400, 'm'));
     QCOMPARE(asked.value("agent").toString(), "claude");
-    const QJsonObject acted = send("PostToolUse", QJsonObject{{"session_id", QJsonValue()},
-                                                              {"tool_name", "Write"},
-                                                              {"tool_input", QJsonObject{{"path", QString(400, 'p')}}}});
+    const QJsonObject acted =
+        send("PostToolUse", QJsonObject{{"session_id", QJsonValue()},
+                                        {"tool_name", "Write"},
+                                        {"tool_input", QJsonObject{{"path", QString(400, 'p')}}}});
     QCOMPARE(acted.value("last_action").toString(), "Write " + QString(294, 'p'));
     QVERIFY(QFileInfo::exists(m_home->paths().sessions() + "/unknown.json"));
 }
