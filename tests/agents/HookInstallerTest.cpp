@@ -87,8 +87,10 @@ void HookInstallerTest::mergeKeepsWhatIsThere()
     FakeClock clock(kDay1);
     const HookInstaller installer(home.paths(), home.root(), clock);
     QDir().mkpath(installer.claudeFolder());
-    if (!before.isNull())
+    if (!before.isNull()) {
         TempHome::write(installer.settingsFile(), before);
+        QFile::setPermissions(installer.settingsFile(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    }
     QTest::ignoreMessage(QtInfoMsg, qPrintable(kInfo));
     installer.installIfNeeded();
 
@@ -108,8 +110,10 @@ void HookInstallerTest::mergeKeepsWhatIsThere()
     if (original.value("hooks").isObject() && original.value("hooks").toObject().contains("PreToolUse"))
         QCOMPARE(hooks.value("PreToolUse"), original.value("hooks").toObject().value("PreToolUse"));
     QCOMPARE(QFileInfo::exists(backupOf(installer, "2025-06-15")), backedUp);
-    if (backedUp)
+    if (backedUp) {
         QCOMPARE(TempHome::read(backupOf(installer, "2025-06-15")), before);
+        QCOMPARE(TempHome::mode(installer.settingsFile()), 0600); // the user's own permissions stay
+    }
 
     // Pretty-printed with sorted keys; the command quotes the hook path, which holds a space.
     const QByteArray text = TempHome::read(installer.settingsFile());

@@ -263,26 +263,9 @@ def wait_for_decision(ask_id):
     return None
 
 
-def report():
-    event = env("VAXO_EVENT")
-    try:
-        raw = sys.stdin.buffer.read()
-        payload = parse(raw) if raw.strip() else {}
-    except (OSError, ValueError):
-        payload = {}
-    if not isinstance(payload, dict):
-        payload = {}
-    sid = session_id(payload)
-    out = env("VAXO_OUT") or (env("VAXO_SESSIONS") + "/" + sid + ".json")
+def write_record(out, sid, record):
+    """Writes under a temporary name, then renames over the session's file; failures are ignored."""
     folder = out.rsplit("/", 1)[0] or "/"
-    now = time.time()
-    record = merge(event, payload, load_object(out), now)
-    if record is None:
-        try:
-            posix.unlink(out)
-        except OSError:
-            pass
-        return
     # A temporary name of this process alone: concurrent events of one session never share it.
     tmp = env("VAXO_TMP") or "%s/.%s.%d.tmp" % (folder, sid, posix.getpid())
     try:
@@ -296,6 +279,29 @@ def report():
             posix.unlink(tmp)
         except OSError:
             pass
+
+
+def report():
+    event = env("VAXO_EVENT")
+    try:
+        raw = sys.stdin.buffer.read()
+        payload = parse(raw) if raw.strip() else {}
+    except (OSError, ValueError):
+        payload = {}
+    if not isinstance(payload, dict):
+        payload = {}
+    sid = session_id(payload)
+    sessions = env("VAXO_SESSIONS")
+    out = env("VAXO_OUT") or (sessions + "/" + sid + ".json" if sessions else "")
+    record = merge(event, payload, load_object(out) if out else {}, time.time())
+    if record is None:
+        try:
+            posix.unlink(out)
+        except OSError:
+            pass
+        return
+    if out:
+        write_record(out, sid, record)
     if event == "PermissionRequest" and record["ask_id"]:
         behavior = wait_for_decision(record["ask_id"])
         if behavior:
