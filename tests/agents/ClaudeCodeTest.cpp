@@ -10,6 +10,8 @@
 #include <QTest>
 
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <unistd.h>
 
 using vaxo::test::TempHome;
@@ -39,6 +41,8 @@ private:
     QString m_project;
     QProcess m_api;
     QProcess m_claude;
+    int m_terminal = -1; // the master side of the terminal Claude Code runs in
+    QString m_terminalName;
     bool m_failed = false;
 };
 
@@ -46,7 +50,8 @@ namespace {
 
 constexpr int kPatience = 90'000; // a cold start of Claude Code on a busy machine takes seconds
 
-// Starts child in a process group of its own, so that everything it starts can be ended with it.
+// Starts child in a process group of its own (Claude Code gets a session, which brings one), so
+// that everything it starts can be ended with it.
 void ownGroup(QProcess &child)
 {
     child.setChildProcessModifier([] { ::setpgid(0, 0); });
@@ -104,7 +109,16 @@ void ClaudeCodeTest::initTestCase()
     m_claude.setWorkingDirectory(m_project);
     m_claude.setStandardOutputFile(m_home.root() + "/claude.out");
     m_claude.setStandardErrorFile(m_home.root() + "/claude.err");
-    ownGroup(m_claude);
+    // Claude Code gets a terminal of its own, as in a terminal window, while the test talks to it
+    // over pipes; its hooks run without one and must find it.
+    m_terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(m_terminal >= 0 && ::grantpt(m_terminal) == 0 && ::unlockpt(m_terminal) == 0);
+    m_terminalName = QString::fromLocal8Bit(::ptsname(m_terminal));
+    const QByteArray terminal = m_terminalName.toLocal8Bit();
+    m_claude.setChildProcessModifier([terminal] {
+        ::setsid();
+        ::close(::open(terminal.constData(), O_RDWR));
+    });
     // Stream-json mode asks for permissions (plain -p refuses tools); standard input stays open.
     m_claude.start(claude, {"-p", "--input-format", "stream-json", "--output-format", "stream-json", "--verbose",
                             "--permission-prompt-tool", "stdio"});
@@ -146,6 +160,7 @@ void ClaudeCodeTest::promptTurnsTheSessionWorking()
     QCOMPARE(record.value("label").toString(), "proj");
     QCOMPARE(record.value("cwd").toString(), m_project);
     QCOMPARE(record.value("id").toString().size(), 36);
+    QCOMPARE(record.value("tty").toString(), m_terminalName);
 }
 
 void ClaudeCodeTest::endOfTurnMakesItDone()
@@ -203,6 +218,8 @@ void ClaudeCodeTest::cleanupTestCase()
     }
     endGroup(m_claude);
     endGroup(m_api);
+    if (m_terminal >= 0)
+        ::close(m_terminal);
 }
 
 QTEST_GUILESS_MAIN(ClaudeCodeTest)
