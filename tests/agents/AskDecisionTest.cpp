@@ -95,7 +95,7 @@ void AskDecisionTest::answerWritesOnePrivateFile()
 {
     vaxo::test::FakeClock clock(1'750'000'000.25);
     QDir().mkpath(decisions());
-    QFile::setPermissions(decisions(), QFileDevice::Permissions(0x7755));
+    QFile::setPermissions(decisions(), QFileDevice::Permissions(0x7755)); // 0755: made before, too open
     const AskDecision decision(decisions(), clock);
     decision.answer("a/b", true);
     clock.advance(1);

@@ -27,6 +27,7 @@ private slots:
     void concurrentEventsNeverLeaveHalfAFile();
     void permissionRequestWithoutIdGetsOne();
     void terminalComesFromTheNearestAncestorWithOne();
+    void hookEndsQuietlyWithoutItsReporter();
 
 private:
     QJsonObject send(const QString &event, const QJsonObject &payload, const QProcessEnvironment &extra = {});
@@ -277,6 +278,15 @@ print(name)
     const QString terminal = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
     QVERIFY2(terminal.startsWith("/dev/pts/"), qPrintable(terminal + process.readAllStandardError()));
     QCOMPARE(vaxo::test::readSession(m_home->paths(), kSid).value("tty").toString(), terminal);
+}
+
+void ReporterTest::hookEndsQuietlyWithoutItsReporter()
+{
+    // Any other status would be read by Claude Code as the hook's verdict (2 blocks a prompt).
+    QVERIFY(QFile::remove(m_home->paths().reporterScript()));
+    const auto result = runHook(m_home->paths(), "UserPromptSubmit", R"({"prompt":"go"})");
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.out + result.err, QByteArray());
 }
 
 QTEST_GUILESS_MAIN(ReporterTest)
