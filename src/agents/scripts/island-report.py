@@ -157,6 +157,22 @@ def canonical_order(value):
     return value
 
 
+def question(event, payload, prev, sid, now):
+    """What a waiting session waits for: waiting_for, ask_tool, ask_target and ask_id."""
+    fallback = "permission" if event == "PermissionRequest" else "needs your answer"
+    waiting_for = (as_text(payload.get("message")) or fallback)[:400]
+    tool_info = any(payload.get(k) is not None for k in ("tool_name", "tool_input", "tool_use_id"))
+    if event == "Notification" and not tool_info and prev.get("status") == "waiting":
+        # A bare notification follows a permission request a few seconds later: the question stands.
+        return waiting_for, text(prev.get("ask_tool")), text(prev.get("ask_target")), text(prev.get("ask_id"))
+    ask_tool = text(as_text(payload.get("tool_name")))
+    ask_target = text(first_of(payload.get("tool_input"), ("command", "file_path", "path", "url"))[:300])
+    ask_id = text(as_text(payload.get("tool_use_id")))
+    if event == "PermissionRequest" and ask_id is None:
+        ask_id = made_up_ask_id(sid, payload, now)
+    return waiting_for, ask_tool, ask_target, ask_id
+
+
 def merge(event, payload, prev, now):
     """The session record after this event, or None when the session ended."""
     sid = session_id(payload)
@@ -173,20 +189,8 @@ def merge(event, payload, prev, now):
     elif event == "Stop":
         status, waiting_for, last_action = "done", None, None
     elif event in EVENTS_THAT_ASK:
-        was_waiting = prev.get("status") == "waiting"
+        waiting_for, ask_tool, ask_target, ask_id = question(event, payload, prev, sid, now)
         status = "waiting"
-        fallback = "permission" if event == "PermissionRequest" else "needs your answer"
-        waiting_for = (as_text(payload.get("message")) or fallback)[:400]
-        tool_info = any(payload.get(k) is not None for k in ("tool_name", "tool_input", "tool_use_id"))
-        if event == "Notification" and not tool_info and was_waiting:
-            # A bare notification follows a permission request a few seconds later: the question stands.
-            ask_tool, ask_target, ask_id = text(prev.get("ask_tool")), text(prev.get("ask_target")), text(prev.get("ask_id"))
-        else:
-            ask_tool = text(as_text(payload.get("tool_name")))
-            ask_target = text(first_of(payload.get("tool_input"), ("command", "file_path", "path", "url"))[:300])
-            ask_id = text(as_text(payload.get("tool_use_id")))
-            if event == "PermissionRequest" and ask_id is None:
-                ask_id = made_up_ask_id(sid, payload, now)
     elif event == "SessionEnd":
         return None
     elif event == "PostToolUse":
