@@ -1,5 +1,6 @@
 #include "ScriptRun.h"
 #include "TempHome.h"
+#include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
 #include "app/Clock.h"
@@ -36,6 +37,11 @@ private:
     QJsonObject session() const;
     QString project(const QString &name) const { return m_project + "/" + name; }
     QString askId() const { return session().value("ask_id").toString(); }
+    bool answerable() const
+    {
+        const auto record = vaxo::AgentSession::decode(QJsonDocument(session()).toJson());
+        return record && record->isAnswerable();
+    }
 
     TempHome m_home;
     QString m_project;
@@ -172,7 +178,7 @@ void ClaudeCodeTest::endOfTurnMakesItDone()
 void ClaudeCodeTest::allowedToolRuns()
 {
     say("Make a file.\nRUN: touch allowed.txt\nHOLD: " + project("gate-allowed"));
-    QTRY_VERIFY_WITH_TIMEOUT(session().value("status") == "waiting" && !askId().isEmpty(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(answerable(), kPatience);
     const QJsonObject asked = session();
     QCOMPARE(asked.value("ask_tool").toString(), "Bash");
     QVERIFY(askId().startsWith("perm_")); // Claude Code sends no tool-call id; the reporter made one
@@ -192,7 +198,7 @@ void ClaudeCodeTest::allowedToolRuns()
 void ClaudeCodeTest::deniedToolDoesNotRun()
 {
     say("Make another file.\nRUN: touch denied.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(session().value("status") == "waiting" && !askId().isEmpty(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(answerable(), kPatience);
     QCOMPARE(session().value("ask_target").toString(), "touch denied.txt");
 
     vaxo::AskDecision(m_home.paths().decisions(), vaxo::Clock::system()).answer(askId(), false);

@@ -1,6 +1,7 @@
 #include "FakeClock.h"
 #include "ScriptRun.h"
 #include "TempHome.h"
+#include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
 
@@ -70,7 +71,12 @@ QJsonObject ReporterTest::send(const QString &event, const QJsonObject &payload,
         QCOMPARE(result.err, QByteArray());
     }();
     const QJsonValue id = withId.value("session_id");
-    return vaxo::test::readSession(m_home->paths(), id.isString() ? id.toString() : QStringLiteral("unknown"));
+    const QString file = id.isString() ? id.toString() : QStringLiteral("unknown");
+    // Every record written is one the island accepts.
+    const QByteArray written = TempHome::read(m_home->paths().sessions() + "/" + file + ".json");
+    if (!written.isEmpty())
+        [&] { QVERIFY2(vaxo::AgentSession::decode(written), written.constData()); }();
+    return vaxo::test::readSession(m_home->paths(), file);
 }
 
 void ReporterTest::events_data()
