@@ -35,3 +35,15 @@ fi
 if ! command -v npm >/dev/null 2>&1; then
   $sudo_cmd apt-get install -y -qq --no-install-recommends nodejs npm >/dev/null
 fi
+
+# Claude Code, pinned, in a git-ignored folder of the project: the tests labelled "claude" drive the
+# real program offline. Reinstalled only when the pinned version is not the one in place.
+CLAUDE_CODE_VERSION=2.1.330
+claude_deps="$(cd "$(dirname "$0")/.." && pwd)/.deps/claude-code"
+claude_pkg="$claude_deps/node_modules/@anthropic-ai/claude-code/package.json"
+if ! grep -q "\"version\": \"$CLAUDE_CODE_VERSION\"" "$claude_pkg" 2>/dev/null \
+  || ! [ -x "$claude_deps/node_modules/.bin/claude" ]; then
+  mkdir -p "$claude_deps"
+  npm install --prefix "$claude_deps" --no-audit --no-fund --loglevel=error \
+    "@anthropic-ai/claude-code@$CLAUDE_CODE_VERSION" >/dev/null
+fi

@@ -32,7 +32,8 @@ void AgentSessionTest::decoding_data()
     QTest::newRow("all optional null") << object(R"("started":null,"updated":null,"tasks":null,"ask_id":null)") << true;
     QTest::newRow("unknown keys ignored") << object(R"("colour":[1,2],"x":{})") << true;
     QTest::newRow("integer times") << object(R"("started":10,"updated":2000000000)") << true;
-    QTest::newRow("counts written as 3.0") << object(R"("tasks":{"done":3.0,"in_progress":0,"open":1,"items":[]})") << true;
+    QTest::newRow("counts written as 3.0")
+        << object(R"("tasks":{"done":3.0,"in_progress":0,"open":1,"items":[]})") << true;
     QTest::newRow("not json") << QByteArray("{\"id\":") << false;
     QTest::newRow("array") << QByteArray("[]") << false;
     QTest::newRow("empty") << QByteArray() << false;
@@ -111,10 +112,10 @@ void AgentSessionTest::sortOrder()
         s.updated = updated;
         return s;
     };
-    QList<AgentSession> list{make("old-working", "working", 2e9),  make("no-time-wait", "waiting", {}),
-                             make("tie-1", "done", 5),             make("wait-10", "waiting", 10),
-                             make("wait-20", "waiting", 20),       make("tie-2", "done", 5),
-                             make("new-working", "working", 3e9)};
+    QList<AgentSession> list{
+        make("old-working", "working", 2e9), make("no-time-wait", "waiting", {}), make("tie-1", "done", 5),
+        make("wait-10", "waiting", 10),      make("wait-20", "waiting", 20),      make("tie-2", "done", 5),
+        make("new-working", "working", 3e9)};
     vaxo::SessionDirectory::sort(list);
     QStringList ids;
     for (const auto &s : list)

@@ -83,8 +83,8 @@ void LocalHookSourceTest::loadingRules()
 {
     const double now = m_clock->now();
     QDir().mkpath(dir());
-    writeSession("fresh", "working", now - 28800);  // exactly at the limit: kept
-    writeSession("stale", "working", now - 28801);  // over it: removed from disk
+    writeSession("fresh", "working", now - 28800); // exactly at the limit: kept
+    writeSession("stale", "working", now - 28801); // over it: removed from disk
     test::TempHome::write(dir() + "/ageless.json", R"({"id":"ageless","agent":"c","label":"l","status":"done"})");
     test::TempHome::write(dir() + "/broken.json", R"({"id":"broken","agent":)");
     test::TempHome::write(dir() + "/x.json.tmp", R"({"id":"tmp","agent":"c","label":"l","status":"done"})");

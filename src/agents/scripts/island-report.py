@@ -1,0 +1,325 @@
+# Merges one Claude Code hook event into the session's file for VAXO Island, and for a permission
+# request waits for the island's answer. Run by island-hook.sh as `/usr/bin/python3 -I -S`.
+# Standard library only. It prints nothing but an accepted permission decision and always exits 0.
+#
+# Claude Code runs the hook in line on every tool call, so start-up cost matters: only modules the
+# interpreter has already loaded, plus the C JSON scanner (the json package pulls in re and enum).
+import sys
+import time
+import posix
+
+try:
+    import _json
+except ImportError:
+    _json = None
+
+EVENTS_THAT_ASK = ("Notification", "PermissionRequest")
+DECISION_MAX_AGE = 600.0
+
+
+class _ScanContext:
+    strict = True
+    object_hook = None
+    object_pairs_hook = None
+    parse_float = float
+    parse_int = int
+    parse_constant = float
+
+
+def parse(data):
+    """The JSON value in bytes or text; raises ValueError when there is none."""
+    text = data.decode("utf-8") if isinstance(data, bytes) else data
+    if _json is None:
+        import json
+        return json.loads(text)
+    start = len(text) - len(text.lstrip(" \t\n\r"))
+    try:
+        value, end = _json.make_scanner(_ScanContext())(text, start)
+    except (StopIteration, RecursionError):
+        raise ValueError("no JSON value")
+    if text[end:].strip(" \t\n\r"):
+        raise ValueError("extra data")
+    return value
+
+
+def quoted(text):
+    if _json is None:
+        import json
+        return json.dumps(text)
+    return _json.encode_basestring_ascii(text)
+
+
+def dump(value):
+    """Compact ASCII JSON; values JSON cannot hold become null."""
+    if value is None or value is True or value is False:
+        return {None: "null", True: "true", False: "false"}[value]
+    if isinstance(value, str):
+        return quoted(value)
+    if isinstance(value, int):
+        return int.__repr__(value)
+    if isinstance(value, float):
+        return float.__repr__(value) if value - value == 0 else "null"
+    if isinstance(value, list):
+        return "[" + ",".join(dump(v) for v in value) + "]"
+    if isinstance(value, dict):
+        return "{" + ",".join(quoted(str(k)) + ":" + dump(v) for k, v in value.items()) + "}"
+    return "null"
+
+
+def env(name):
+    value = posix.environ.get(name.encode())
+    return value.decode("utf-8", "surrogateescape") if value else ""
+
+
+def text(value):
+    """A string value, or None for anything else and for the empty string."""
+    return value if isinstance(value, str) and value else None
+
+
+def as_text(value):
+    if value is None or value == "":
+        return ""
+    return value if isinstance(value, str) else dump(value)
+
+
+def first_of(obj, keys):
+    if not isinstance(obj, dict):
+        return ""
+    for key in keys:
+        value = as_text(obj.get(key))
+        if value:
+            return value
+    return ""
+
+
+def read_file(path):
+    fd = posix.open(path, posix.O_RDONLY)
+    try:
+        chunks = []
+        while True:
+            chunk = posix.read(fd, 1 << 16)
+            if not chunk:
+                return b"".join(chunks)
+            chunks.append(chunk)
+    finally:
+        posix.close(fd)
+
+
+def write_file(path, data, mode=0o644):
+    fd = posix.open(path, posix.O_WRONLY | posix.O_CREAT | posix.O_TRUNC, mode)
+    try:
+        while data:
+            data = data[posix.write(fd, data):]
+    finally:
+        posix.close(fd)
+
+
+def make_folder(path):
+    try:
+        posix.mkdir(path, 0o700)
+    except FileNotFoundError:
+        make_folder(path.rsplit("/", 1)[0] or "/")
+        posix.mkdir(path, 0o700)
+    except FileExistsError:
+        pass
+
+
+def load_object(path):
+    try:
+        value = parse(read_file(path))
+    except (OSError, ValueError):
+        return {}
+    return value if isinstance(value, dict) else {}
+
+
+def session_id(payload):
+    sid = text(payload.get("session_id"))
+    # The id names a file in the sessions folder; one that is not a plain file name cannot.
+    if sid is None or "/" in sid or "\0" in sid or sid in (".", ".."):
+        return "unknown"
+    return sid
+
+
+def made_up_ask_id(sid, payload, now):
+    """Claude Code's permission requests carry no tool-call id; derive one that names the request."""
+    import hashlib
+    tool_input = payload.get("tool_input")
+    canonical = dump(canonical_order(tool_input))
+    seed = "\n".join((sid, as_text(payload.get("tool_name")), canonical, repr(now)))
+    return "perm_" + hashlib.sha256(seed.encode("utf-8", "surrogatepass")).hexdigest()[:24]
+
+
+def canonical_order(value):
+    if isinstance(value, dict):
+        return {str(k): canonical_order(value[k]) for k in sorted(value, key=str)}
+    if isinstance(value, list):
+        return [canonical_order(v) for v in value]
+    return value
+
+
+def question(event, payload, prev, sid, now):
+    """What a waiting session waits for: waiting_for, ask_tool, ask_target and ask_id."""
+    fallback = "permission" if event == "PermissionRequest" else "needs your answer"
+    waiting_for = (as_text(payload.get("message")) or fallback)[:400]
+    tool_info = any(payload.get(k) is not None for k in ("tool_name", "tool_input", "tool_use_id"))
+    if event == "Notification" and not tool_info and prev.get("status") == "waiting":
+        # A bare notification follows a permission request a few seconds later: the question stands.
+        return waiting_for, text(prev.get("ask_tool")), text(prev.get("ask_target")), text(prev.get("ask_id"))
+    ask_tool = text(as_text(payload.get("tool_name")))
+    ask_target = text(first_of(payload.get("tool_input"), ("command", "file_path", "path", "url"))[:300])
+    ask_id = text(as_text(payload.get("tool_use_id")))
+    if event == "PermissionRequest" and ask_id is None:
+        ask_id = made_up_ask_id(sid, payload, now)
+    return waiting_for, ask_tool, ask_target, ask_id
+
+
+def merge(event, payload, prev, now):
+    """The session record after this event, or None when the session ended."""
+    sid = session_id(payload)
+    cwd = text(payload.get("cwd")) or env("VAXO_CWD") or text(prev.get("cwd")) or ""
+    label = cwd.rstrip("/").rsplit("/", 1)[-1] or "session"
+    status = text(prev.get("status")) or "working"
+    waiting_for = text(prev.get("waiting_for"))
+    last_prompt = text(prev.get("last_prompt"))
+    last_action = text(prev.get("last_action"))
+    ask_tool = ask_target = ask_id = None
+    if event == "UserPromptSubmit":
+        status, waiting_for = "working", None
+        last_prompt = as_text(payload.get("prompt"))[:400]
+    elif event == "Stop":
+        status, waiting_for, last_action = "done", None, None
+    elif event in EVENTS_THAT_ASK:
+        waiting_for, ask_tool, ask_target, ask_id = question(event, payload, prev, sid, now)
+        status = "waiting"
+    elif event == "SessionEnd":
+        return None
+    elif event == "PostToolUse":
+        status, waiting_for = "working", None
+        target = first_of(payload.get("tool_input"), ("file_path", "path", "command", "pattern"))
+        last_action = text((as_text(payload.get("tool_name")) + " " + target).strip()[:300])
+    started = prev.get("started")
+    return {
+        "id": sid,
+        "agent": text(prev.get("agent")) or "claude",
+        "label": label,
+        "status": status,
+        "started": started if isinstance(started, (int, float)) and not isinstance(started, bool) else now,
+        "updated": now,
+        "last_prompt": text(last_prompt),
+        "last_action": last_action,
+        "tasks": prev.get("tasks"),
+        "waiting_for": waiting_for,
+        "cwd": text(cwd),
+        "host_bundle": env("VAXO_BUNDLE") or text(prev.get("host_bundle")),
+        "term_app": env("VAXO_TERM") or text(prev.get("term_app")),
+        "term_session": env("VAXO_TERMSESSION") or text(prev.get("term_session")),
+        "tty": env("VAXO_TTY") or text(prev.get("tty")),
+        "ask_tool": ask_tool,
+        "ask_target": ask_target,
+        "ask_id": ask_id,
+    }
+
+
+def plain_id(ask_id):
+    # The island names decision files after a sanitised id; an id that sanitising would change is
+    # never answered, and must never lead the reporter to read or delete a file elsewhere.
+    return 0 < len(ask_id) <= 120 and all(c.isascii() and (c.isalnum() or c in "-_") for c in ask_id)
+
+
+def wait_for_decision(ask_id):
+    """The accepted decision's behaviour, or None: every doubt leaves Claude Code to ask in the terminal."""
+    folder = env("VAXO_DECISIONS")
+    if not folder or not plain_id(ask_id):
+        return None
+    try:
+        budget = float(env("VAXO_ASK_TIMEOUT") or "120")
+        if budget - budget != 0:
+            budget = 120.0
+    except ValueError:
+        budget = 120.0
+    path = folder + "/" + ask_id + ".json"
+    deadline = time.time() + budget
+    while time.time() < deadline:
+        try:
+            data = read_file(path)
+        except FileNotFoundError:
+            time.sleep(0.2)
+            continue
+        except OSError:
+            return None
+        try:
+            decision = parse(data)
+        except ValueError:
+            return None
+        try:
+            posix.unlink(path)  # single use, whatever it holds
+        except OSError:
+            pass
+        if not isinstance(decision, dict):
+            return None
+        at = decision.get("at", 0)
+        if isinstance(at, bool) or not isinstance(at, (int, float)):
+            return None
+        behavior = decision.get("behavior")
+        if behavior in ("allow", "deny") and decision.get("id") == ask_id and time.time() - at < DECISION_MAX_AGE:
+            return behavior
+        return None
+    return None
+
+
+def write_record(out, sid, record):
+    """Writes under a temporary name, then renames over the session's file; failures are ignored."""
+    folder = out.rsplit("/", 1)[0] or "/"
+    # A temporary name of this process alone: concurrent events of one session never share it.
+    tmp = env("VAXO_TMP") or "%s/.%s.%d.tmp" % (folder, sid, posix.getpid())
+    try:
+        if env("VAXO_SESSIONS"):
+            make_folder(folder)
+            posix.chmod(folder, 0o700)
+        write_file(tmp, dump(record).encode("ascii"))
+        posix.rename(tmp, out)
+    except OSError:
+        try:
+            posix.unlink(tmp)
+        except OSError:
+            pass
+
+
+def report():
+    event = env("VAXO_EVENT")
+    try:
+        raw = sys.stdin.buffer.read()
+        payload = parse(raw) if raw.strip() else {}
+    except (OSError, ValueError):
+        payload = {}
+    if not isinstance(payload, dict):
+        payload = {}
+    sid = session_id(payload)
+    sessions = env("VAXO_SESSIONS")
+    out = env("VAXO_OUT") or (sessions + "/" + sid + ".json" if sessions else "")
+    record = merge(event, payload, load_object(out) if out else {}, time.time())
+    if record is None:
+        try:
+            posix.unlink(out)
+        except OSError:
+            pass
+        return
+    if out:
+        write_record(out, sid, record)
+    if event == "PermissionRequest" and record["ask_id"]:
+        behavior = wait_for_decision(record["ask_id"])
+        if behavior:
+            sys.stdout.write('{"hookSpecificOutput":{"hookEventName":"PermissionRequest",'
+                             '"decision":{"behavior":"%s"}}}\n' % behavior)
+
+
+def main():
+    try:
+        report()
+        sys.stdout.flush()
+    except BaseException:
+        pass
+    posix._exit(0)
+
+
+main()
