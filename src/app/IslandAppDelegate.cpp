@@ -1,5 +1,7 @@
 #include "app/IslandAppDelegate.h"
 
+#include "agents/AskDecision.h"
+#include "agents/HookInstaller.h"
 #include "agents/LocalHookSource.h"
 #include "app/Clock.h"
 #include "island/IslandController.h"
@@ -7,6 +9,7 @@
 #include "platform/PanelShell.h"
 #include "platform/SoundPlayer.h"
 
+#include <QDir>
 #include <QSettings>
 
 namespace vaxo {
@@ -27,6 +30,10 @@ void IslandAppDelegate::applicationDidFinishLaunching()
 {
     // 1. No taskbar, pager or switcher entry and no focus: the island's window flags and window
     //    states (PanelShell::prepare) do what an accessory application does elsewhere.
+    // 2. The hook scripts are written at every start; registered only where Claude Code is set up.
+    HookInstaller(m_paths, QDir::homePath(), Clock::system()).installIfNeeded();
+    // 3. Decisions that no reporter picked up in time are removed.
+    AskDecision(m_paths.decisions(), Clock::system()).sweep();
     // 4. The island, which starts the session watching when it first shows.
     m_controller->start();
 }
