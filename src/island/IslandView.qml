@@ -21,26 +21,35 @@ Item {
         y: 0
 
         ShapePath {
-            fillColor: "black"
-            strokeWidth: -1
+            id: outline
+
             readonly property real t: root.topRadius
             readonly property real b: root.bottomRadius
             readonly property real w: island.width
             readonly property real h: island.height
 
-            startX: 0; startY: 0
-            PathQuad { x: t; y: t; controlX: t; controlY: 0 }
-            PathLine { x: t; y: h - b }
-            PathQuad { x: t + b; y: h; controlX: t; controlY: h }
-            PathLine { x: w - t - b; y: h }
-            PathQuad { x: w - t; y: h - b; controlX: w - t; controlY: h }
-            PathLine { x: w - t; y: t }
-            PathQuad { x: w; y: 0; controlX: w - t; controlY: 0 }
+            fillColor: "black"
+            strokeWidth: -1
+            startX: 0
+            startY: 0
+
+            // Top corners flare outward into the top edge; bottom corners are rounded.
+            PathQuad { x: outline.t; y: outline.t; controlX: outline.t; controlY: 0 }
+            PathLine { x: outline.t; y: outline.h - outline.b }
+            PathQuad { x: outline.t + outline.b; y: outline.h; controlX: outline.t; controlY: outline.h }
+            PathLine { x: outline.w - outline.t - outline.b; y: outline.h }
+            PathQuad { x: outline.w - outline.t; y: outline.h - outline.b; controlX: outline.w - outline.t; controlY: outline.h }
+            PathLine { x: outline.w - outline.t; y: outline.t }
+            PathQuad { x: outline.w; y: 0; controlX: outline.w - outline.t; controlY: 0 }
         }
     }
 
+    // The strip that the collapsed island shows; it stays at the top when the card opens.
+    readonly property real stripHeight: 38
+
     Text {
-        anchors.centerIn: island
+        anchors.horizontalCenter: island.horizontalCenter
+        y: (root.stripHeight - height) / 2
         visible: root.islandState.modeKind === "agents"
         text: root.islandState.agentsLabel
         color: "white"
@@ -49,7 +58,8 @@ Item {
     }
 
     Text {
-        anchors.centerIn: island
+        anchors.horizontalCenter: island.horizontalCenter
+        y: (Math.min(root.stripHeight, island.height) - height) / 2
         visible: root.islandState.modeKind === "finished"
         text: "\u2713 " + root.islandState.justFinishedAgent
         color: "#7ee787"

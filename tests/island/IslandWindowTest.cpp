@@ -75,6 +75,13 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
     QCOMPARE(controller.islandWidth(), 190.0);
     QCOMPARE(inputShape(*panel), QRect((660 - 190) / 2 - 6, 0, 190 + 12, 32 + 6));
     QTRY_COMPARE(pixel(screen.center().x(), 16), QColor(Qt::black));
+    // The rendered frame itself, whatever composites it: an opaque body with rounded bottom corners.
+    const QImage frame = panel->grabWindow();
+    QCOMPARE(frame.pixelColor(330, 16), QColor(Qt::black));
+    QCOMPARE(frame.pixelColor(330 - 90, 16).alpha(), 255);
+    QCOMPARE(frame.pixelColor(330 - 95, 31).alpha(), 0); // the bottom-left corner is cut round
+    QCOMPARE(frame.pixelColor(330, 40).alpha(), 0);
+    QCOMPARE(frame.pixelColor(10, 10).alpha(), 0);
 
     // A session file written by hand, the way the hook writes it.
     test::TempHome::replace(home.paths().sessions() + "/s.json",
