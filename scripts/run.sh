@@ -6,6 +6,4 @@ bash scripts/setup.sh
 bash scripts/build.sh
 source scripts/xvfb.sh
 vaxo_start_xvfb wm
-exec_status=0
-./build/src/app/vaxo-island "$@" || exec_status=$?
-exit $exec_status
+./build/src/app/vaxo-island "$@"
