@@ -20,6 +20,31 @@
 
 using namespace vaxo;
 
+namespace {
+
+// The island as the program puts it together, over a throw-away home.
+struct Island {
+    explicit Island(bool enabled = true)
+        : settings(home.paths().settingsFile(), QSettings::IniFormat), platform(PlatformServices::make()),
+          state(std::make_unique<LocalHookSource>(home.paths().sessions(), Clock::system(),
+                                                  PlatformServices::newFolderWatcher()),
+                Clock::system(), settings, *platform.sounds),
+          controller(state, *platform.panelShell, settings)
+    {
+        if (!enabled)
+            settings.setValue("vaxoIslandEnabled", false);
+        controller.start();
+    }
+
+    test::TempHome home;
+    QSettings settings;
+    PlatformServices platform;
+    IslandState state;
+    IslandController controller;
+};
+
+} // namespace
+
 // The island's real window on the test's X server.
 class IslandWindowTest : public QObject {
     Q_OBJECT
@@ -58,14 +83,10 @@ QColor IslandWindowTest::pixel(int x, int y)
 
 void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
 {
-    test::TempHome home;
-    QSettings settings(home.paths().settingsFile(), QSettings::IniFormat);
-    PlatformServices platform = PlatformServices::make();
-    IslandState state(std::make_unique<LocalHookSource>(home.paths().sessions(), Clock::system(),
-                                                        PlatformServices::newFolderWatcher()),
-                      Clock::system(), settings, *platform.sounds);
-    IslandController controller(state, *platform.panelShell, settings);
-    controller.start();
+    Island island;
+    const test::TempHome &home = island.home;
+    IslandState &state = island.state;
+    IslandController &controller = island.controller;
 
     QQuickView *panel = controller.panel();
     QVERIFY(panel);
@@ -100,17 +121,9 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
 
 void IslandWindowTest::disabledIslandShowsNothing()
 {
-    test::TempHome home;
-    QSettings settings(home.paths().settingsFile(), QSettings::IniFormat);
-    settings.setValue("vaxoIslandEnabled", false);
-    PlatformServices platform = PlatformServices::make();
-    IslandState state(std::make_unique<LocalHookSource>(home.paths().sessions(), Clock::system(),
-                                                        PlatformServices::newFolderWatcher()),
-                      Clock::system(), settings, *platform.sounds);
-    IslandController controller(state, *platform.panelShell, settings);
-    controller.start();
-    QVERIFY(!controller.panel());
-    QVERIFY(!state.running());
+    Island island(false);
+    QVERIFY(!island.controller.panel());
+    QVERIFY(!island.state.running());
 }
 
 QTEST_MAIN(IslandWindowTest)

@@ -3,7 +3,8 @@
 namespace vaxo::linux_platform {
 
 // Turns SIGTERM and SIGINT into an orderly QCoreApplication::quit(), so that termination runs the
-// same steps as quitting from the island. Call once, after the application object exists.
+// same steps as quitting from the island. Call after the application object exists; later calls
+// do nothing.
 void quitOnTerminationSignals();
 
 } // namespace vaxo::linux_platform
