@@ -35,7 +35,8 @@ void writeSession(const QString &dir, int i, const QString &status, double updat
     tmp.open(QIODevice::WriteOnly);
     tmp.write(json);
     tmp.close();
-    std::rename(QFile::encodeName(tmp.fileName()).constData(), QFile::encodeName(dir + "/" + name + ".json").constData());
+    std::rename(QFile::encodeName(tmp.fileName()).constData(),
+                QFile::encodeName(dir + "/" + name + ".json").constData());
 }
 
 double percentile(std::vector<double> values, double p)

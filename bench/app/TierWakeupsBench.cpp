@@ -87,10 +87,8 @@ int main(int argc, char **argv)
     QCoreApplication app(argc, argv);
     std::setvbuf(stdout, nullptr, _IOLBF, 0); // each figure as soon as it is known, also into a pipe
     const Case cases[] = {
-        {"at the keyboard", 0, false, false, 20},
-        {"at the keyboard, a track playing", 0, false, false, 3},
-        {"low power", 0, true, false, 20},
-        {"no input for 2 minutes", 300, false, false, 20},
+        {"at the keyboard", 0, false, false, 20}, {"at the keyboard, a track playing", 0, false, false, 3},
+        {"low power", 0, true, false, 20},        {"no input for 2 minutes", 300, false, false, 20},
         {"screen locked", 0, false, true, 20},
     };
     for (const Case &c : cases)

@@ -16,11 +16,16 @@ struct TextKey {
     OptionalText field;
 };
 const TextKey kOptionalText[] = {
-    {"last_prompt", &AgentSession::lastPrompt},   {"last_action", &AgentSession::lastAction},
-    {"waiting_for", &AgentSession::waitingFor},   {"cwd", &AgentSession::cwd},
-    {"host_bundle", &AgentSession::hostBundle},   {"term_app", &AgentSession::termApp},
-    {"term_session", &AgentSession::termSession}, {"tty", &AgentSession::tty},
-    {"ask_tool", &AgentSession::askTool},         {"ask_target", &AgentSession::askTarget},
+    {"last_prompt", &AgentSession::lastPrompt},
+    {"last_action", &AgentSession::lastAction},
+    {"waiting_for", &AgentSession::waitingFor},
+    {"cwd", &AgentSession::cwd},
+    {"host_bundle", &AgentSession::hostBundle},
+    {"term_app", &AgentSession::termApp},
+    {"term_session", &AgentSession::termSession},
+    {"tty", &AgentSession::tty},
+    {"ask_tool", &AgentSession::askTool},
+    {"ask_target", &AgentSession::askTarget},
     {"ask_id", &AgentSession::askId},
 };
 
@@ -78,8 +83,14 @@ std::optional<AgentTasks> decodeTasks(const QJsonValue &value)
     return tasks;
 }
 
-QJsonValue orNull(const std::optional<QString> &v) { return v ? QJsonValue(*v) : QJsonValue(QJsonValue::Null); }
-QJsonValue orNull(const std::optional<double> &v) { return v ? QJsonValue(*v) : QJsonValue(QJsonValue::Null); }
+QJsonValue orNull(const std::optional<QString> &v)
+{
+    return v ? QJsonValue(*v) : QJsonValue(QJsonValue::Null);
+}
+QJsonValue orNull(const std::optional<double> &v)
+{
+    return v ? QJsonValue(*v) : QJsonValue(QJsonValue::Null);
+}
 
 QJsonValue encodeTasks(const std::optional<AgentTasks> &tasks)
 {
@@ -88,8 +99,8 @@ QJsonValue encodeTasks(const std::optional<AgentTasks> &tasks)
     QJsonArray items;
     for (const AgentTaskItem &item : tasks->items)
         items.append(QJsonObject{{"subject", item.subject}, {"status", item.status}});
-    return QJsonObject{{"done", tasks->done}, {"in_progress", tasks->inProgress}, {"open", tasks->open},
-                       {"items", items}};
+    return QJsonObject{
+        {"done", tasks->done}, {"in_progress", tasks->inProgress}, {"open", tasks->open}, {"items", items}};
 }
 
 } // namespace
@@ -130,8 +141,13 @@ std::optional<AgentSession> AgentSession::decode(const QByteArray &bytes)
 
 QByteArray AgentSession::encode() const
 {
-    QJsonObject o{{"id", id},           {"agent", agent},     {"label", label}, {"status", status},
-                  {"started", orNull(started)}, {"updated", orNull(updated)}, {"tasks", encodeTasks(tasks)}};
+    QJsonObject o{{"id", id},
+                  {"agent", agent},
+                  {"label", label},
+                  {"status", status},
+                  {"started", orNull(started)},
+                  {"updated", orNull(updated)},
+                  {"tasks", encodeTasks(tasks)}};
     for (const TextKey &k : kOptionalText)
         o.insert(QLatin1String(k.key), orNull(this->*k.field));
     return QJsonDocument(o).toJson(QJsonDocument::Compact);

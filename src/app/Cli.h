@@ -17,8 +17,7 @@ class Cli {
 public:
     // arguments exclude the program path. Returns the text to print (without the final newline),
     // or nothing when the program is to start.
-    static std::optional<QString> response(const QStringList &arguments,
-                                           const std::optional<QString> &version,
+    static std::optional<QString> response(const QStringList &arguments, const std::optional<QString> &version,
                                            const CliFiles &files);
     static QString usage(const std::optional<QString> &version, const CliFiles &files);
     static QString versionLine(const std::optional<QString> &version);

@@ -12,10 +12,7 @@ namespace {
 
 class QtTimer final : public Timer {
 public:
-    explicit QtTimer(QObject *parent) : Timer(parent)
-    {
-        connect(&m_timer, &QTimer::timeout, this, &Timer::timeout);
-    }
+    explicit QtTimer(QObject *parent) : Timer(parent) { connect(&m_timer, &QTimer::timeout, this, &Timer::timeout); }
 
     void start(double seconds) override
     {

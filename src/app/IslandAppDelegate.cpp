@@ -18,8 +18,8 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     : QObject(parent), m_paths(std::move(paths)), m_platform(PlatformServices::make()),
       m_settings(std::make_unique<QSettings>(m_paths.settingsFile(), QSettings::IniFormat))
 {
-    auto source = std::make_unique<LocalHookSource>(m_paths.sessions(), Clock::system(),
-                                                    PlatformServices::newFolderWatcher());
+    auto source =
+        std::make_unique<LocalHookSource>(m_paths.sessions(), Clock::system(), PlatformServices::newFolderWatcher());
     m_state = std::make_unique<IslandState>(std::move(source), Clock::system(), *m_settings, *m_platform.sounds);
     m_controller = std::make_unique<IslandController>(*m_state, *m_platform.panelShell, *m_settings);
 }

@@ -5,9 +5,12 @@ namespace vaxo {
 QString tierName(Tier tier)
 {
     switch (tier) {
-    case Tier::Active: return QStringLiteral("active");
-    case Tier::Idle: return QStringLiteral("idle");
-    case Tier::Away: return QStringLiteral("away");
+    case Tier::Active:
+        return QStringLiteral("active");
+    case Tier::Idle:
+        return QStringLiteral("idle");
+    case Tier::Away:
+        return QStringLiteral("away");
     }
     return {};
 }

@@ -82,7 +82,8 @@ void IslandController::show()
 void IslandController::connectActivity()
 {
     AppActivity &gate = AppActivity::shared();
-    gate.followIsland([state = QPointer<IslandState>(&m_state)] { return state ? state->busyInputs() : IslandBusyInputs{}; });
+    gate.followIsland(
+        [state = QPointer<IslandState>(&m_state)] { return state ? state->busyInputs() : IslandBusyInputs{}; });
     for (auto signal : {&IslandState::expandedChanged, &IslandState::pointerInsideChanged,
                         &IslandState::pinnedByAlertChanged, &IslandState::showSettingsChanged,
                         &IslandState::justFinishedAgentChanged, &IslandState::agentSessionsChanged})
@@ -150,7 +151,8 @@ void IslandController::updateInteractiveRect()
     m_shell.setShape(*m_panel, hot.toAlignedRect(), island.toAlignedRect());
 
     const QRect display = screen->geometry();
-    m_islandScreenFrame = QRectF(display.center().x() + 1 - size.width() / 2, display.top(), size.width(), size.height());
+    m_islandScreenFrame =
+        QRectF(display.center().x() + 1 - size.width() / 2, display.top(), size.width(), size.height());
 }
 
 } // namespace vaxo

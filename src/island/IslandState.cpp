@@ -17,8 +17,8 @@ const QString kSoundNameKey = QStringLiteral("vaxoIslandSoundName");
 
 } // namespace
 
-IslandState::IslandState(std::unique_ptr<SessionSource> source, Clock &clock, QSettings &settings,
-                         SoundPlayer &sounds, QObject *parent)
+IslandState::IslandState(std::unique_ptr<SessionSource> source, Clock &clock, QSettings &settings, SoundPlayer &sounds,
+                         QObject *parent)
     : QObject(parent), m_source(std::move(source)), m_clock(clock), m_settings(settings), m_sounds(sounds)
 {
     publishDerived();
@@ -66,7 +66,8 @@ void IslandState::apply(const QList<AgentSession> &sessions)
         m_sessions = sessions;
         emit agentSessionsChanged();
     }
-    if (m_pinnedByAlert && std::none_of(sessions.begin(), sessions.end(), [](const auto &s) { return s.isWaiting(); })) {
+    if (m_pinnedByAlert &&
+        std::none_of(sessions.begin(), sessions.end(), [](const auto &s) { return s.isWaiting(); })) {
         setPinnedByAlert(false);
         collapse();
     }
@@ -185,14 +186,17 @@ double IslandState::waitingSeconds() const
 QString IslandState::agentsLabelFor(int working, int waiting)
 {
     if (waiting >= 1)
-        return waiting == 1 ? QStringLiteral("1 session needs you") : QStringLiteral("%1 sessions need you").arg(waiting);
+        return waiting == 1 ? QStringLiteral("1 session needs you")
+                            : QStringLiteral("%1 sessions need you").arg(waiting);
     return working == 1 ? QStringLiteral("1 session working") : QStringLiteral("%1 sessions working").arg(working);
 }
 
 void IslandState::publishDerived()
 {
-    const int waiting = int(std::count_if(m_sessions.begin(), m_sessions.end(), [](const auto &s) { return s.isWaiting(); }));
-    const int working = int(std::count_if(m_sessions.begin(), m_sessions.end(), [](const auto &s) { return s.isWorking(); }));
+    const int waiting =
+        int(std::count_if(m_sessions.begin(), m_sessions.end(), [](const auto &s) { return s.isWaiting(); }));
+    const int working =
+        int(std::count_if(m_sessions.begin(), m_sessions.end(), [](const auto &s) { return s.isWorking(); }));
 
     IslandMode mode;
     if (m_justFinished)

@@ -5,13 +5,20 @@ namespace vaxo {
 QString moodName(Mood mood)
 {
     switch (mood) {
-    case Mood::Sleeping: return QStringLiteral("sleeping");
-    case Mood::Resting: return QStringLiteral("resting");
-    case Mood::Working: return QStringLiteral("working");
-    case Mood::Busy: return QStringLiteral("busy");
-    case Mood::Swamped: return QStringLiteral("swamped");
-    case Mood::Waiting: return QStringLiteral("waiting");
-    case Mood::Pleased: return QStringLiteral("pleased");
+    case Mood::Sleeping:
+        return QStringLiteral("sleeping");
+    case Mood::Resting:
+        return QStringLiteral("resting");
+    case Mood::Working:
+        return QStringLiteral("working");
+    case Mood::Busy:
+        return QStringLiteral("busy");
+    case Mood::Swamped:
+        return QStringLiteral("swamped");
+    case Mood::Waiting:
+        return QStringLiteral("waiting");
+    case Mood::Pleased:
+        return QStringLiteral("pleased");
     }
     return {};
 }

@@ -62,10 +62,11 @@ void LocalHookSourceTest::cleanup()
 
 void LocalHookSourceTest::writeSession(const QString &id, const QString &status, double updated)
 {
-    test::TempHome::replace(dir() + "/" + id + ".json", QStringLiteral(R"({"id":"%1","agent":"claude","label":"p","status":"%2","updated":%3})")
-                                   .arg(id, status)
-                                   .arg(updated, 0, 'f', 3)
-                                   .toUtf8());
+    test::TempHome::replace(dir() + "/" + id + ".json",
+                            QStringLiteral(R"({"id":"%1","agent":"claude","label":"p","status":"%2","updated":%3})")
+                                .arg(id, status)
+                                .arg(updated, 0, 'f', 3)
+                                .toUtf8());
 }
 
 void LocalHookSourceTest::start()

@@ -56,7 +56,8 @@ void CliTest::helpTextIsExact()
     QCOMPARE(lines.at(1), QStringLiteral("Your coding agents, in the notch."));
     QCOMPARE(lines.at(2), QString());
     QVERIFY(text.contains(QStringLiteral("no Dock icon \u2014\nit hangs off the notch")));
-    QVERIFY(text.contains(QStringLiteral("\nSUMMON\n  Alt+Super+I    show Vaxo on her own, under the notch; again to dismiss\n")));
+    QVERIFY(text.contains(
+        QStringLiteral("\nSUMMON\n  Alt+Super+I    show Vaxo on her own, under the notch; again to dismiss\n")));
     QVERIFY(text.contains(QStringLiteral("\nFILES\n  ~/.local/share/VAXO Island/sessions\n      one JSON file")));
     QVERIFY(text.contains(QStringLiteral("  ~/.local/share/VAXO Island/Face\n      drop your own")));
     QVERIFY(text.endsWith(QStringLiteral("per\n      mood.")));

@@ -1,5 +1,5 @@
-#include "agents/SessionSource.h"
 #include "island/IslandState.h"
+#include "agents/SessionSource.h"
 #include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
@@ -192,8 +192,8 @@ void IslandStateTest::waitingSeconds()
 {
     const double now = m_clock.now();
     QCOMPARE(m_state->waitingSeconds(), 0.0);
-    m_state->apply({session("a", "waiting", now - 30), session("b", "waiting", now - 90), session("c", "working", now - 500),
-                    session("d", "waiting")});
+    m_state->apply({session("a", "waiting", now - 30), session("b", "waiting", now - 90),
+                    session("c", "working", now - 500), session("d", "waiting")});
     QCOMPARE(m_state->waitingSeconds(), 90.0);
     m_state->apply({session("a", "waiting", now + 60)}); // a clock in the future
     QCOMPARE(m_state->waitingSeconds(), 0.0);
