@@ -1,17 +1,20 @@
 #include "app/AppPaths.h"
 #include "app/Cli.h"
 #include "app/IslandAppDelegate.h"
+#include "platform/linux/SystemLog.h"
+#include "platform/linux/TerminationSignals.h"
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
 
 #include <cstdio>
 
 namespace {
 
-vaxo::CliFiles helpFiles()
+vaxo::CliFiles helpFiles(const vaxo::AppPaths &paths)
 {
-    const vaxo::AppPaths paths = vaxo::AppPaths::standard();
     const QString home = QDir::homePath();
     return {vaxo::Cli::tildePath(paths.sessions(), home), vaxo::Cli::tildePath(paths.face(), home)};
 }
@@ -20,19 +23,30 @@ vaxo::CliFiles helpFiles()
 
 int main(int argc, char **argv)
 {
+    const vaxo::AppPaths paths = vaxo::AppPaths::standard();
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     // Answered before any toolkit start-up, so that it works without a display.
-    if (const auto text = vaxo::Cli::response(arguments, QStringLiteral(VAXO_VERSION), helpFiles())) {
+    if (const auto text = vaxo::Cli::response(arguments, QStringLiteral(VAXO_VERSION), helpFiles(paths))) {
         const QByteArray out = (*text + QLatin1Char('\n')).toUtf8();
         std::fwrite(out.constData(), 1, size_t(out.size()), stdout);
         return 0;
     }
 
+    vaxo::linux_platform::installSystemLog();
+    // The software renderer redraws only what changed and keeps the resident size small.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication app(argc, argv);
-    vaxo::IslandAppDelegate delegate;
+    QGuiApplication::setApplicationName(QStringLiteral("VAXO Island"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(VAXO_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vaxo-island"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    vaxo::linux_platform::quitOnTerminationSignals();
+
+    vaxo::IslandAppDelegate delegate(paths);
+    QObject::connect(&app, &QCoreApplication::aboutToQuit, &delegate,
+                     &vaxo::IslandAppDelegate::applicationWillTerminate);
     delegate.applicationDidFinishLaunching();
-    QObject::connect(&app, &QCoreApplication::aboutToQuit, &delegate, &vaxo::IslandAppDelegate::applicationWillTerminate);
     return app.exec();
 }

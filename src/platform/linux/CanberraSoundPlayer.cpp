@@ -1,0 +1,37 @@
+#include "platform/linux/CanberraSoundPlayer.h"
+
+#include <canberra.h>
+
+namespace vaxo::linux_platform {
+
+CanberraSoundPlayer::CanberraSoundPlayer()
+{
+    if (ca_context_create(&m_context) != CA_SUCCESS)
+        m_context = nullptr;
+}
+
+CanberraSoundPlayer::~CanberraSoundPlayer()
+{
+    if (m_context)
+        ca_context_destroy(m_context);
+}
+
+QString CanberraSoundPlayer::themeSound(const QString &name)
+{
+    if (name == QLatin1String("Submarine"))
+        return QStringLiteral("message-new-instant");
+    if (name == QLatin1String("Glass"))
+        return QStringLiteral("complete");
+    return name;
+}
+
+void CanberraSoundPlayer::play(const QString &name)
+{
+    if (!m_context || name.isEmpty())
+        return;
+    // Asynchronous; a missing sound or sound server is not our error to report.
+    ca_context_play(m_context, 0, CA_PROP_EVENT_ID, themeSound(name).toUtf8().constData(), CA_PROP_EVENT_DESCRIPTION,
+                    "VAXO Island", nullptr);
+}
+
+} // namespace vaxo::linux_platform

@@ -1,0 +1,237 @@
+#include "agents/SessionSource.h"
+#include "island/IslandState.h"
+#include "platform/SoundPlayer.h"
+
+#include "FakeClock.h"
+#include "TempHome.h"
+
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace vaxo;
+
+namespace {
+
+struct RecordingSounds : SoundPlayer {
+    QStringList played;
+    void play(const QString &name) override { played << name; }
+};
+
+struct ManualSource : SessionSource {
+    Callback callback;
+    bool stopped = false;
+    void start(Callback onChange) override { callback = std::move(onChange); }
+    void stop() override { stopped = true; }
+};
+
+AgentSession session(const char *id, const char *status, std::optional<double> updated = std::nullopt)
+{
+    AgentSession s;
+    s.id = QString::fromLatin1(id);
+    s.agent = QStringLiteral("claude");
+    s.label = QStringLiteral("label-") + s.id;
+    s.status = QString::fromLatin1(status);
+    s.updated = updated;
+    return s;
+}
+
+} // namespace
+
+class IslandStateTest : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void finishIsOnlyWorkingToDone();
+    void finishClearsAfterFiveSecondsEachOnItsOwnTimer();
+    void newWaitPinsOpensAndAlertsOnce();
+    void mutedSoundsStillPin();
+    void pinReleasesWhenNobodyWaits();
+    void unpinnedCardStaysOpen();
+    void moodRule_data();
+    void moodRule();
+    void labelsAndModes();
+    void waitingSeconds();
+    void signalsOnlyOnRealChanges();
+    void watchingGoesThroughTheSource();
+
+private:
+    std::unique_ptr<test::TempHome> m_home;
+    std::unique_ptr<QSettings> m_settings;
+    test::FakeClock m_clock;
+    RecordingSounds m_sounds;
+    ManualSource *m_source = nullptr;
+    std::unique_ptr<IslandState> m_state;
+};
+
+void IslandStateTest::init()
+{
+    m_home = std::make_unique<test::TempHome>();
+    m_settings = std::make_unique<QSettings>(m_home->paths().settingsFile(), QSettings::IniFormat);
+    m_sounds.played.clear();
+    auto source = std::make_unique<ManualSource>();
+    m_source = source.get();
+    m_state = std::make_unique<IslandState>(std::move(source), m_clock, *m_settings, m_sounds);
+}
+
+void IslandStateTest::finishIsOnlyWorkingToDone()
+{
+    m_state->apply({session("a", "done"), session("b", "waiting")});
+    QVERIFY(!m_state->justFinishedAgent());
+    m_state->apply({session("a", "done"), session("b", "done")}); // waiting to done is no finish
+    QVERIFY(!m_state->justFinishedAgent());
+    QCOMPARE(m_sounds.played, QStringList{"Submarine"});
+
+    m_settings->setValue("vaxoIslandSoundName", "Ping");
+    m_state->apply({session("a", "working"), session("b", "done")});
+    m_state->apply({session("a", "done"), session("b", "done")});
+    QCOMPARE(m_state->justFinishedAgent(), QStringLiteral("label-a"));
+    QCOMPARE(m_sounds.played, (QStringList{"Submarine", "Ping"}));
+    QCOMPARE(m_state->modeKind(), QStringLiteral("finished"));
+    QCOMPARE(m_state->moodText(), QStringLiteral("pleased"));
+}
+
+void IslandStateTest::finishClearsAfterFiveSecondsEachOnItsOwnTimer()
+{
+    m_state->apply({session("a", "working"), session("b", "working")});
+    m_state->apply({session("a", "done"), session("b", "working")});
+    QCOMPARE(m_sounds.played, QStringList{"Glass"});
+    m_clock.advance(3);
+    m_state->apply({session("a", "done"), session("b", "done")});
+    QCOMPARE(m_state->justFinishedAgent(), QStringLiteral("label-b"));
+    m_clock.advance(2.0); // the first finish's clearing also clears the second one
+    QVERIFY(!m_state->justFinishedAgent());
+    QCOMPARE(m_state->moodText(), QStringLiteral("resting"));
+}
+
+void IslandStateTest::newWaitPinsOpensAndAlertsOnce()
+{
+    m_state->setShowSettings(true);
+    m_state->apply({session("a", "waiting"), session("b", "waiting")});
+    QVERIFY(m_state->pinnedByAlert());
+    QVERIFY(m_state->expanded());
+    QVERIFY(!m_state->showSettings());
+    QCOMPARE(m_sounds.played, (QStringList{"Submarine", "Submarine"}));
+    m_state->apply({session("a", "waiting", 5), session("b", "waiting")});
+    QCOMPARE(m_sounds.played.size(), 2);
+}
+
+void IslandStateTest::mutedSoundsStillPin()
+{
+    m_settings->setValue("vaxoIslandSound", false);
+    m_state->apply({session("a", "working")});
+    m_state->apply({session("a", "done"), session("b", "waiting")});
+    QVERIFY(m_state->pinnedByAlert());
+    QVERIFY(m_state->justFinishedAgent());
+    QVERIFY(m_sounds.played.isEmpty());
+}
+
+void IslandStateTest::pinReleasesWhenNobodyWaits()
+{
+    m_state->apply({session("a", "waiting"), session("b", "waiting")});
+    m_state->apply({session("a", "working"), session("b", "waiting")});
+    QVERIFY(m_state->pinnedByAlert()); // still one waiting
+    m_state->setShowSettings(true);
+    m_state->apply({session("a", "working"), session("b", "working")});
+    QVERIFY(!m_state->pinnedByAlert());
+    QVERIFY(!m_state->expanded());
+    QVERIFY(!m_state->showSettings());
+}
+
+void IslandStateTest::unpinnedCardStaysOpen()
+{
+    m_state->toggleExpanded();
+    m_state->apply({session("a", "working")});
+    m_state->apply({session("a", "done")});
+    QVERIFY(m_state->expanded());
+}
+
+void IslandStateTest::moodRule_data()
+{
+    QTest::addColumn<int>("waiting");
+    QTest::addColumn<int>("working");
+    QTest::addColumn<bool>("finished");
+    QTest::addColumn<bool>("idle");
+    QTest::addColumn<QString>("mood");
+    QTest::newRow("one waits among three working") << 1 << 3 << true << true << "waiting";
+    QTest::newRow("finished beats two working") << 0 << 2 << true << false << "pleased";
+    QTest::newRow("three working") << 0 << 3 << false << false << "swamped";
+    QTest::newRow("two working") << 0 << 2 << false << true << "busy";
+    QTest::newRow("one working") << 0 << 1 << false << true << "working";
+    QTest::newRow("nothing, user idle") << 0 << 0 << false << true << "sleeping";
+    QTest::newRow("nothing, user here") << 0 << 0 << false << false << "resting";
+}
+
+void IslandStateTest::moodRule()
+{
+    QFETCH(int, waiting);
+    QFETCH(int, working);
+    QFETCH(bool, finished);
+    QFETCH(bool, idle);
+    QFETCH(QString, mood);
+    QCOMPARE(moodName(moodFor(waiting, working, finished, idle)), mood);
+}
+
+void IslandStateTest::labelsAndModes()
+{
+    QCOMPARE(IslandState::agentsLabelFor(0, 1), QStringLiteral("1 session needs you"));
+    QCOMPARE(IslandState::agentsLabelFor(4, 2), QStringLiteral("2 sessions need you"));
+    QCOMPARE(IslandState::agentsLabelFor(1, 0), QStringLiteral("1 session working"));
+    QCOMPARE(IslandState::agentsLabelFor(3, 0), QStringLiteral("3 sessions working"));
+    QCOMPARE(IslandState::agentsLabelFor(0, 0), QStringLiteral("0 sessions working"));
+
+    QCOMPARE(m_state->modeKind(), QStringLiteral("idle"));
+    m_state->apply({session("a", "working"), session("b", "waiting"), session("c", "odd")});
+    QCOMPARE(m_state->mode(), (IslandMode{IslandMode::Kind::Agents, {}, 1, 1}));
+    m_state->apply({session("c", "odd")}); // other statuses do not count as work
+    QCOMPARE(m_state->modeKind(), QStringLiteral("idle"));
+    QCOMPARE(m_state->waitingSessions().size(), 0);
+}
+
+void IslandStateTest::waitingSeconds()
+{
+    const double now = m_clock.now();
+    QCOMPARE(m_state->waitingSeconds(), 0.0);
+    m_state->apply({session("a", "waiting", now - 30), session("b", "waiting", now - 90), session("c", "working", now - 500),
+                    session("d", "waiting")});
+    QCOMPARE(m_state->waitingSeconds(), 90.0);
+    m_state->apply({session("a", "waiting", now + 60)}); // a clock in the future
+    QCOMPARE(m_state->waitingSeconds(), 0.0);
+}
+
+void IslandStateTest::signalsOnlyOnRealChanges()
+{
+    QSignalSpy sessions(m_state.get(), &IslandState::agentSessionsChanged);
+    QSignalSpy mood(m_state.get(), &IslandState::moodChanged);
+    QSignalSpy label(m_state.get(), &IslandState::agentsLabelChanged);
+    QSignalSpy idle(m_state.get(), &IslandState::userIdleChanged);
+    m_state->apply({session("a", "working", 1)});
+    m_state->apply({session("a", "working", 1)});
+    QCOMPARE(sessions.size(), 1);
+    QCOMPARE(mood.size(), 1);
+    QCOMPARE(label.size(), 1);
+    m_state->apply({session("a", "working", 2)}); // a new list with the same counts
+    QCOMPARE(sessions.size(), 2);
+    QCOMPARE(mood.size(), 1);
+    QCOMPARE(label.size(), 1);
+
+    m_state->apply({});
+    m_state->setUserIdle(true);
+    m_state->setUserIdle(true);
+    QCOMPARE(idle.size(), 1);
+    QCOMPARE(m_state->moodText(), QStringLiteral("sleeping"));
+}
+
+void IslandStateTest::watchingGoesThroughTheSource()
+{
+    m_state->startWatching();
+    QVERIFY(m_state->running());
+    m_source->callback({session("a", "waiting")});
+    QVERIFY(m_state->pinnedByAlert());
+    m_state->stopWatching();
+    QVERIFY(!m_state->running());
+    QVERIFY(m_source->stopped);
+}
+
+QTEST_GUILESS_MAIN(IslandStateTest)
+#include "IslandStateTest.moc"
