@@ -10,6 +10,7 @@
 #include "platform/Pasteboard.h"
 #include "secrets/SecretScanner.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
 #include <QSettings>
@@ -67,12 +68,16 @@ void IslandClipboard::setEnabled(bool on)
 {
     const bool was = enabled();
     m_settings.setValue(kEnabledKey, on);
-    if (m_running && on)
+    if (was == on)
+        return;
+    if (m_running && on) {
+        // What was copied while the history was off stays out of it.
+        m_lastChangeCount = m_pasteboard.changeCount();
         scheduleJob();
-    else if (m_running)
+    } else if (m_running) {
         m_scheduler.unregister(kJobName);
-    if (was != on)
-        emit enabledChanged();
+    }
+    emit enabledChanged();
 }
 
 // The history as saved, less what may no longer be kept: a clip whose text holds a secret, and, on
@@ -157,6 +162,12 @@ void IslandClipboard::poll()
         const ClipItem item = ClipText::textItem(text, clip.id, clip.copiedAt, clip.sourceApp);
         QMetaObject::invokeMethod(this, [this, item] { record(item); }, Qt::QueuedConnection);
     });
+}
+
+void IslandClipboard::settle()
+{
+    m_scanQueue.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 std::optional<IslandClipboard::Captured> IslandClipboard::capture()

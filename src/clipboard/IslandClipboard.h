@@ -50,7 +50,7 @@ public:
     // The setting "vaxoIslandClipboard"; absent or not a boolean means on.
     bool enabled() const;
     // Stores the setting; while running, switching it off unregisters the job (the history stays)
-    // and switching it on registers the job again.
+    // and switching it on registers the job again; nothing copied while it was off is captured.
     void setEnabled(bool on);
     bool running() const { return m_running; }
 
@@ -60,6 +60,9 @@ public:
     void stop();
     // One look at the pasteboard; the scheduler's job calls it.
     void poll();
+    // Waits for the scans under way and records their clips now, instead of on a later turn of the
+    // event loop.
+    void settle();
 
     // Puts the clip back on the pasteboard (the full text, also of a secret) without capturing it
     // again, and moves it to the front. Unknown ids do nothing.
