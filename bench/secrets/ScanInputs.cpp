@@ -62,6 +62,8 @@ std::vector<std::pair<std::string, std::u16string>> scanInputs(size_t size, unsi
                          const char *const keys[] = {"password= ", "api_key: ", "secret=\n", "token:: "};
                          return std::string(keys[pick(4)]);
                      }));
+    out.emplace_back("key names run together", fill(size, [] { return std::string("password=api_key:"); }));
+    out.emplace_back("prefixes in one run", fill(size, [] { return std::string("sk-AKIAghp_xoxb-eyJbasic"); }));
     out.emplace_back("dotted 24-letter runs", fill(size, [&] {
                          std::string run;
                          for (int i = 0; i < 24; ++i)

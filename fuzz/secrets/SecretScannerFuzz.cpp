@@ -1,6 +1,6 @@
-// Random UTF-16 (unpaired surrogates included) into the scanner: no crash, no sanitizer report, every
-// finding inside the text, the redacted text no longer than the text with masks, and, for texts small
-// enough to scan twice, the same findings as the plain scan over the whole text.
+// Random UTF-16 into the scanner, unpaired surrogates included and up to the clipboard's cap: no
+// crash, no sanitizer report, every finding inside the text, the redacted text no longer than the text
+// with its masks, and, for texts small enough to scan twice, the same findings as the plain scan.
 #include "secrets/SecretScanner.h"
 
 #include <cstdint>
@@ -19,6 +19,7 @@ constexpr char16_t kOddUnits[] = {0x017F, 0x212A, 0x00DF, 0x0130, 0xFB06, 0xD83D
 
 // The first byte picks the reading: raw UTF-16 pairs, or one byte per code unit so that the key names,
 // prefixes and signs of the rules come up often, with bytes 0x80 to 0x8F standing for odd code units.
+// One input in 64 is then repeated up to the cap, for the sizes the fuzzer's own inputs never reach.
 std::u16string decode(const uint8_t *data, size_t size)
 {
     if (size == 0)
@@ -30,6 +31,11 @@ std::u16string decode(const uint8_t *data, size_t size)
     } else {
         text.resize(std::min((size - 1) / 2, kCap));
         std::memcpy(text.data(), data + 1, text.size() * 2);
+    }
+    if ((data[0] & 0x7E) == 0x7E && !text.empty()) {
+        const std::u16string unit = text;
+        while (text.size() + unit.size() <= kCap)
+            text += unit;
     }
     return text;
 }

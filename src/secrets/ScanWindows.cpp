@@ -1,237 +1,167 @@
 #include "secrets/ScanWindows.h"
 
 #include "secrets/CaseFoldJokers.h"
+#include "secrets/KeyNames.h"
+#include "secrets/ScanChars.h"
 
 #include <algorithm>
-#include <string>
-#include <utility>
 
 namespace vaxo::secrets {
 namespace {
 
-using Text = std::u16string_view;
+using namespace chars;
 
-bool isAlnum(char16_t c)
-{
-    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
-}
+constexpr Text kAwsPrefixes[] = {u"AKIA", u"ASIA", u"ABIA", u"ACCA", u"AGPA", u"AIDA",
+                                 u"AIPA", u"ANPA", u"ANVA", u"AROA", u"APKA"};
 
-// Every character any token rule is made of (letters, digits, "_", "-" and the dots of a JWT).
-bool isTokenChar(char16_t c)
-{
-    return isAlnum(c) || c == u'_' || c == u'-' || c == u'.';
-}
-
-bool isBlank(char16_t c)
-{
-    return c == u' ' || c == u'\t';
-}
-
-bool isQuote(char16_t c)
-{
-    return c == u'"' || c == u'\'' || c == u'`';
-}
-
-// Characters that end a bare value: each is white space or one the value excludes.
-bool endsBareValue(char16_t c)
-{
-    switch (c) {
-    case u' ': case u'\t': case u'\n': case u'\r': case u'\f': case u'"': case u'\'': case u'`': case u',':
-    case u';': case u'(': case u')': case u'[': case u']': case u'{': case u'}': case u'<': case u'>':
-        return true;
-    default:
-        return false;
-    }
-}
-
-char16_t lower(char16_t c)
-{
-    return (c >= u'A' && c <= u'Z') ? char16_t(c + 32) : c;
-}
-
-bool startsWith(Text t, size_t at, Text prefix)
-{
-    return t.size() - at >= prefix.size() && t.compare(at, prefix.size(), prefix) == 0;
-}
-
-bool startsWithFolded(Text t, size_t at, Text lowerPrefix)
-{
-    if (t.size() - at < lowerPrefix.size())
-        return false;
-    for (size_t i = 0; i < lowerPrefix.size(); ++i) {
-        if (lower(t[at + i]) != lowerPrefix[i])
-            return false;
-    }
-    return true;
-}
-
-template <typename Pred> size_t skip(Text t, size_t at, Pred pred)
-{
-    while (at < t.size() && pred(t[at]))
-        ++at;
-    return at;
-}
-
-// Every spelling of every key name, lower case: the alternation written out.
-const std::vector<std::u16string> &keyNames()
-{
-    static const std::vector<std::u16string> names = [] {
-        std::vector<std::u16string> out{u"password", u"passwords", u"passwd", u"pwd", u"secret", u"secrets",
-                                        u"token", u"tokens", u"authorization", u"credential", u"credentials",
-                                        u"passphrase"};
-        const std::pair<Text, Text> compounds[] = {{u"api", u"key"},     {u"access", u"key"},  {u"secret", u"key"},
-                                                   {u"private", u"key"}, {u"session", u"key"}, {u"client", u"secret"},
-                                                   {u"auth", u"token"}};
-        for (const auto &[first, second] : compounds) {
-            for (Text joint : {Text(u""), Text(u"_"), Text(u"-")}) {
-                for (Text plural : {Text(u""), Text(u"s")})
-                    out.push_back(std::u16string(first) + std::u16string(joint) + std::u16string(second) +
-                                  std::u16string(plural));
-            }
-        }
-        return out;
-    }();
-    return names;
-}
-
-// The length of the longest key name that ends at `end`, 0 when none does.
-size_t keyNameBefore(Text t, size_t end)
-{
-    size_t longest = 0;
-    for (const auto &name : keyNames()) {
-        if (name.size() > longest && end >= name.size() && startsWithFolded(t, end - name.size(), name))
-            longest = name.size();
-    }
-    return longest;
-}
-
-// What can follow an assignment sign whose value starts at `at` (after the sign's blanks): a quoted
-// value, a bare one, either after a scheme word, and how far the assignment can reach.
+// What can follow an assignment sign: a quoted value, a bare one, either after a scheme word, and how
+// far the assignment can reach.
 struct AssignmentTail {
     bool quoted = false;
     bool bare = false;
     size_t end = 0;
 };
 
-size_t closingQuote(Text t, size_t open)
+// One pass over the text that drops, for each rule, a window at every place a match can begin.
+// Each walk along a run goes through a RunEnd, so that the pass stays linear in the text's length.
+class Planner {
+public:
+    Planner(Text t, ScanPlan &plan)
+        : m_t(t), m_plan(plan), m_blanks(t, isBlank), m_bare(t, inBareValue), m_quoted(t, inQuotedValue),
+          m_tokens(t, isTokenChar), m_credentials(t, isCredentialChar), m_firstDot(t, u'.'), m_secondDot(t, u'.')
+    {
+    }
+
+    void visit(size_t i, bool foldedLettersExact);
+
+private:
+    void add(RuleId id, size_t from, size_t to) { m_plan[size_t(id)].push_back({int64_t(from), int64_t(to)}); }
+    void addToken(RuleId id, size_t at) { add(id, at, m_tokens(at)); }
+    void addBearer(size_t at);
+    void addJwt(size_t at);
+    void addAssignment(size_t sign);
+    AssignmentTail assignmentTail(size_t at);
+    size_t closingQuote(size_t open);
+
+    Text m_t;
+    ScanPlan &m_plan;
+    RunEnd m_blanks, m_bare, m_quoted, m_tokens, m_credentials;
+    NextOf m_firstDot, m_secondDot; // two caches: each is asked with growing positions
+};
+
+size_t Planner::closingQuote(size_t open)
 {
-    const size_t at = skip(t, open + 1, [](char16_t c) { return !isQuote(c) && c != u'\n'; });
-    return at < t.size() && isQuote(t[at]) ? at + 1 : at;
+    const size_t at = m_quoted(open + 1);
+    return at < m_t.size() && isQuote(m_t[at]) ? at + 1 : at;
 }
 
-AssignmentTail assignmentTail(Text t, size_t at)
+AssignmentTail Planner::assignmentTail(size_t at)
 {
+    at = m_blanks(at);
+    if (at < m_t.size() && isQuote(m_t[at]))
+        return {true, false, closingQuote(at)};
     AssignmentTail tail;
-    at = skip(t, at, isBlank);
-    if (at < t.size() && isQuote(t[at]))
-        return {true, false, closingQuote(t, at)};
-    const size_t word = skip(t, at, [](char16_t c) { return !endsBareValue(c); });
+    const size_t word = m_bare(at);
     tail.bare = word > at;
     tail.end = word;
-    const size_t next = skip(t, word, isBlank);
-    if (tail.bare && next > word && next < t.size()) { // the word may have been a scheme ("Bearer ...")
-        if (isQuote(t[next])) {
+    const size_t next = m_blanks(word);
+    if (tail.bare && next > word && next < m_t.size()) { // the word may have been a scheme ("Bearer ...")
+        if (isQuote(m_t[next])) {
             tail.quoted = true;
-            tail.end = closingQuote(t, next);
+            tail.end = closingQuote(next);
         } else {
-            tail.end = skip(t, next, [](char16_t c) { return !endsBareValue(c); });
+            tail.end = m_bare(next);
         }
     }
     return tail;
 }
 
-void addAssignment(ScanPlan &plan, Text t, size_t sign)
+void Planner::addAssignment(size_t sign)
 {
     size_t keyEnd = sign;
-    while (keyEnd > 0 && isBlank(t[keyEnd - 1]))
+    while (keyEnd > 0 && isBlank(m_t[keyEnd - 1]))
         --keyEnd;
-    if (keyEnd > 0 && (t[keyEnd - 1] == u'"' || t[keyEnd - 1] == u'\''))
+    if (keyEnd > 0 && (m_t[keyEnd - 1] == u'"' || m_t[keyEnd - 1] == u'\''))
         --keyEnd;
-    const size_t key = keyNameBefore(t, keyEnd);
+    const size_t key = keyNameBefore(m_t, keyEnd);
     if (key == 0)
         return;
     // A two-character sign (":=", "=>") may also be read as its first character and a value.
-    AssignmentTail tail = assignmentTail(t, sign + 1);
-    if (sign + 1 < t.size() && (t[sign + 1] == u'=' || t[sign + 1] == u'>')) {
-        const AssignmentTail longer = assignmentTail(t, sign + 2);
+    AssignmentTail tail = assignmentTail(sign + 1);
+    if (sign + 1 < m_t.size() && (m_t[sign + 1] == u'=' || m_t[sign + 1] == u'>')) {
+        const AssignmentTail longer = assignmentTail(sign + 2);
         tail = {tail.quoted || longer.quoted, tail.bare || longer.bare, std::max(tail.end, longer.end)};
     }
-    const Window w{int64_t(keyEnd - key), int64_t(tail.end)};
     if (tail.quoted)
-        plan[size_t(RuleId::LabeledQuoted)].push_back(w);
+        add(RuleId::LabeledQuoted, keyEnd - key, tail.end);
     if (tail.bare)
-        plan[size_t(RuleId::LabeledBare)].push_back(w);
+        add(RuleId::LabeledBare, keyEnd - key, tail.end);
 }
 
-void addToken(ScanPlan &plan, RuleId id, Text t, size_t at)
+void Planner::addBearer(size_t at)
 {
-    plan[size_t(id)].push_back({int64_t(at), int64_t(skip(t, at, isTokenChar))});
+    const size_t scheme = startsWithFolded(m_t, at, u"bearer") ? 6 : startsWithFolded(m_t, at, u"basic") ? 5 : 0;
+    if (scheme != 0)
+        add(RuleId::Bearer, at, m_credentials(m_blanks(at + scheme)));
 }
 
-void addBearer(ScanPlan &plan, Text t, size_t at)
+// A JWT has two dots in its run of token characters. Without them the rule could not match, and
+// matching would only walk the run once per "eyJ" in it.
+void Planner::addJwt(size_t at)
 {
-    size_t scheme = startsWithFolded(t, at, u"bearer") ? 6 : startsWithFolded(t, at, u"basic") ? 5 : 0;
-    if (scheme == 0)
-        return;
-    const size_t end = skip(t, skip(t, at + scheme, isBlank),
-                            [](char16_t c) { return isAlnum(c) || std::u16string_view(u"-._~+/=").find(c) != Text::npos; });
-    plan[size_t(RuleId::Bearer)].push_back({int64_t(at), int64_t(end)});
+    const size_t end = m_tokens(at);
+    if (m_secondDot(m_firstDot(at) + 1) < end)
+        add(RuleId::Jwt, at, end);
 }
 
-constexpr Text kAwsPrefixes[] = {u"AKIA", u"ASIA", u"ABIA", u"ACCA", u"AGPA", u"AIDA",
-                                 u"AIPA", u"ANPA", u"ANVA", u"AROA", u"APKA"};
-
-void visit(ScanPlan &plan, Text t, size_t i, bool foldedLettersExact)
+void Planner::visit(size_t i, bool foldedLettersExact)
 {
+    const Text t = m_t;
     switch (t[i]) {
     case u'A':
         if (startsWith(t, i, u"AIza"))
-            addToken(plan, RuleId::GoogleApiKey, t, i);
-        for (Text prefix : kAwsPrefixes) {
-            if (startsWith(t, i, prefix)) {
-                addToken(plan, RuleId::AwsAccessKey, t, i);
-                break;
-            }
-        }
+            addToken(RuleId::GoogleApiKey, i);
+        if (std::any_of(std::begin(kAwsPrefixes), std::end(kAwsPrefixes), [&](Text p) { return startsWith(t, i, p); }))
+            addToken(RuleId::AwsAccessKey, i);
         break;
     case u'g':
         if (i + 3 < t.size() && t[i + 1] == u'h' && Text(u"pousr").find(t[i + 2]) != Text::npos && t[i + 3] == u'_')
-            addToken(plan, RuleId::GithubToken, t, i);
+            addToken(RuleId::GithubToken, i);
         if (startsWith(t, i, u"github_pat_"))
-            addToken(plan, RuleId::GithubPat, t, i);
+            addToken(RuleId::GithubPat, i);
         break;
     case u'x':
         if (i + 4 < t.size() && startsWith(t, i, u"xox") && Text(u"abprse").find(t[i + 3]) != Text::npos &&
             t[i + 4] == u'-')
-            addToken(plan, RuleId::SlackToken, t, i);
+            addToken(RuleId::SlackToken, i);
         break;
     case u's':
         if (startsWith(t, i, u"sk-"))
-            addToken(plan, RuleId::SkKey, t, i);
+            addToken(RuleId::SkKey, i);
         else if (startsWith(t, i, u"sk_"))
-            addToken(plan, RuleId::StripeKey, t, i);
+            addToken(RuleId::StripeKey, i);
         break;
     case u'r':
         if (startsWith(t, i, u"rk_"))
-            addToken(plan, RuleId::StripeKey, t, i);
+            addToken(RuleId::StripeKey, i);
         break;
     case u'n':
         if (startsWith(t, i, u"npm_"))
-            addToken(plan, RuleId::NpmToken, t, i);
+            addToken(RuleId::NpmToken, i);
         break;
     case u'e':
         if (startsWith(t, i, u"eyJ"))
-            addToken(plan, RuleId::Jwt, t, i);
+            addJwt(i);
         break;
     case u'b':
     case u'B':
         if (foldedLettersExact)
-            addBearer(plan, t, i);
+            addBearer(i);
         break;
     case u':':
     case u'=':
         if (foldedLettersExact)
-            addAssignment(plan, t, i);
+            addAssignment(i);
         break;
     default:
         break;
@@ -283,8 +213,9 @@ ScanPlan planScan(std::u16string_view t)
         for (RuleId id : {RuleId::LabeledQuoted, RuleId::LabeledBare, RuleId::Bearer})
             plan[size_t(id)].push_back({0, int64_t(t.size())});
     }
+    Planner planner(t, plan);
     for (size_t i = 0; i < t.size(); ++i)
-        visit(plan, t, i, foldedLettersExact);
+        planner.visit(i, foldedLettersExact);
     addDottedRuns(plan, t);
     for (auto &windows : plan)
         mergeOverlaps(windows);

@@ -14,6 +14,8 @@ namespace {
 using secrets::CompiledRule;
 using secrets::ScanPlan;
 
+constexpr int32_t kMatcherStack = 64 << 20;
+
 struct UTextCloser {
     void operator()(UText *ut) const { utext_close(ut); }
 };
@@ -28,6 +30,9 @@ bool scanRule(const CompiledRule &compiled, UText *text, const std::vector<secre
     if (U_FAILURE(status) || !matcher)
         return false;
     matcher->reset(text);
+    // A value as long as a whole clipboard's worth of text keeps a backtracking state per character:
+    // allow for that (ICU's default stops at 8 MB, about 150,000 characters, and misses the match).
+    matcher->setStackLimit(kMatcherStack, status);
     bool found = false;
     int64_t resumeAt = 0; // where the previous match ended: matches never overlap
     for (const auto &window : windows) {
