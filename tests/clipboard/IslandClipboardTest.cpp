@@ -37,8 +37,11 @@ private slots:
 
 private:
     std::unique_ptr<IslandClipboard> make();
+    void startClipboard();
     // One tick of the job, its scans settled; true when the history changed.
     bool pollRecords();
+    // Another program copies the text (as `type`); true when the next tick records it.
+    bool copyAndRecord(const QByteArray &text, const QString &type = {});
     QStringList previews() const;
     QByteArray savedFile() const { return test::TempHome::read(m_home->paths().clipboardFile()); }
 
@@ -76,6 +79,17 @@ std::unique_ptr<IslandClipboard> IslandClipboardTest::make()
                                              m_clock);
 }
 
+void IslandClipboardTest::startClipboard()
+{
+    m_clipboard = make();
+    m_clipboard->start();
+}
+
+bool IslandClipboardTest::copyAndRecord(const QByteArray &text, const QString &type)
+{
+    return m_driver->copy(text, type) && pollRecords();
+}
+
 bool IslandClipboardTest::pollRecords()
 {
     QSignalSpy changed(m_clipboard.get(), &IslandClipboard::itemsChanged);
@@ -95,13 +109,11 @@ QStringList IslandClipboardTest::previews() const
 void IslandClipboardTest::followsCopiesOfOtherPrograms()
 {
     QVERIFY(m_driver->copy("there before the start"));
-    m_clipboard = make();
-    m_clipboard->start();
+    startClipboard();
     QVERIFY(m_scheduler.hasJob(IslandClipboard::kJobName));
     QVERIFY(!pollRecords()); // the content at start is not captured
 
-    QVERIFY(m_driver->copy("hello  world\n"));
-    QVERIFY(pollRecords());
+    QVERIFY(copyAndRecord("hello  world\n"));
     const ClipItem first = m_clipboard->clips().first();
     QCOMPARE(first.preview, QStringLiteral("hello world"));
     QCOMPARE(*first.text, QStringLiteral("hello  world\n"));
@@ -109,11 +121,9 @@ void IslandClipboardTest::followsCopiesOfOtherPrograms()
     QVERIFY(!first.sourceApp); // xclip has no window
     QCOMPARE(first.id, first.id.toUpper());
 
-    QVERIFY(m_driver->copy("https://example.com/x"));
-    QVERIFY(pollRecords());
+    QVERIFY(copyAndRecord("https://example.com/x"));
     QCOMPARE(m_clipboard->clips().first().kind, ClipKind::Link);
-    QVERIFY(m_driver->copy("hello  world\n"));
-    QVERIFY(pollRecords());
+    QVERIFY(copyAndRecord("hello  world\n"));
     QCOMPARE(previews(), (QStringList{"hello world", "https://example.com/x"}));
     QVERIFY(m_clipboard->clips().first().copiedAt > first.copiedAt);
 
@@ -124,8 +134,7 @@ void IslandClipboardTest::followsCopiesOfOtherPrograms()
 
 void IslandClipboardTest::concealedAndPasswordManagerCopiesLeaveNoTrace()
 {
-    m_clipboard = make();
-    m_clipboard->start();
+    startClipboard();
     QVERIFY(m_driver->offer({"--text", "hunter2 from a vault", "--hint"}));
     QVERIFY(!pollRecords());
     QVERIFY(m_driver->copy("concealed", QStringLiteral("org.nspasteboard.ConcealedType")));
@@ -150,12 +159,9 @@ void IslandClipboardTest::concealedAndPasswordManagerCopiesLeaveNoTrace()
 
 void IslandClipboardTest::secretsNeverReachTheDisk()
 {
-    m_clipboard = make();
-    m_clipboard->start();
-    QVERIFY(m_driver->copy("plain note"));
-    QVERIFY(pollRecords());
-    QVERIFY(m_driver->copy("password = \"hunter22x\""));
-    QVERIFY(pollRecords());
+    startClipboard();
+    QVERIFY(copyAndRecord("plain note"));
+    QVERIFY(copyAndRecord("password = \"hunter22x\""));
     const ClipItem secret = m_clipboard->clips().first();
     QVERIFY(secret.secret);
     QCOMPARE(secret.preview, "password = \"" + kMask + "\"");
@@ -176,12 +182,9 @@ void IslandClipboardTest::secretsNeverReachTheDisk()
 
 void IslandClipboardTest::copyBackIsNotCapturedAgain()
 {
-    m_clipboard = make();
-    m_clipboard->start();
-    QVERIFY(m_driver->copy("one"));
-    QVERIFY(pollRecords());
-    QVERIFY(m_driver->copy("two"));
-    QVERIFY(pollRecords());
+    startClipboard();
+    QVERIFY(copyAndRecord("one"));
+    QVERIFY(copyAndRecord("two"));
     const QString one = m_clipboard->clips().last().id;
 
     m_clock.advance(5);
@@ -201,11 +204,9 @@ void IslandClipboardTest::copyBackIsNotCapturedAgain()
 
 void IslandClipboardTest::pinnedClipsSurviveClearAllAndRestart()
 {
-    m_clipboard = make();
-    m_clipboard->start();
+    startClipboard();
     for (const char *text : {"a", "b", "c"}) {
-        QVERIFY(m_driver->copy(text));
-        QVERIFY(pollRecords());
+        QVERIFY(copyAndRecord(text));
     }
     m_clipboard->togglePin(m_clipboard->clips().at(1).id);
     QCOMPARE(previews(), (QStringList{"b", "c", "a"}));
@@ -219,10 +220,8 @@ void IslandClipboardTest::pinnedClipsSurviveClearAllAndRestart()
 
 void IslandClipboardTest::imagesStayInMemory()
 {
-    m_clipboard = make();
-    m_clipboard->start();
-    QVERIFY(m_driver->copy("words"));
-    QVERIFY(pollRecords());
+    startClipboard();
+    QVERIFY(copyAndRecord("words"));
     QVERIFY(m_driver->offer({"--image", "400x200"}));
     QVERIFY(pollRecords());
     const ClipItem image = m_clipboard->clips().first();
@@ -250,10 +249,8 @@ void IslandClipboardTest::imagesStayInMemory()
 
 void IslandClipboardTest::filesAndTextLimits()
 {
-    m_clipboard = make();
-    m_clipboard->start();
-    QVERIFY(m_driver->copy("file:///tmp/a%20b.txt\r\nfile:///tmp/c.png\r\n", QStringLiteral("text/uri-list")));
-    QVERIFY(pollRecords());
+    startClipboard();
+    QVERIFY(copyAndRecord("file:///tmp/a%20b.txt\r\nfile:///tmp/c.png\r\n", QStringLiteral("text/uri-list")));
     const ClipItem files = m_clipboard->clips().first();
     QCOMPARE(files.kind, ClipKind::File);
     QCOMPARE(files.preview, QStringLiteral("a b.txt, c.png"));
@@ -266,8 +263,7 @@ void IslandClipboardTest::filesAndTextLimits()
     QVERIFY(!pollRecords()); // counted in UTF-8 bytes, not in characters
     QVERIFY(m_driver->copy(" \n\t "));
     QVERIFY(!pollRecords());
-    QVERIFY(m_driver->copy(limit));
-    QVERIFY(pollRecords());
+    QVERIFY(copyAndRecord(limit));
     QCOMPARE(m_clipboard->clips().first().preview.size(), ClipText::kPreviewLimit + 1);
 }
 
@@ -292,8 +288,7 @@ void IslandClipboardTest::settingSwitchesTheJob()
     m_clipboard->setEnabled(true);
     QVERIFY(m_scheduler.hasJob(IslandClipboard::kJobName));
     QVERIFY(!pollRecords());
-    QVERIFY(m_driver->copy("copied while on"));
-    QVERIFY(pollRecords());
+    QVERIFY(copyAndRecord("copied while on"));
     QCOMPARE(previews(), QStringList{"copied while on"});
     m_clipboard->stop();
     QVERIFY(!m_scheduler.hasJob(IslandClipboard::kJobName));
