@@ -85,6 +85,7 @@ void real(const Case &c, int seconds)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0); // each figure as soon as it is known, also into a pipe
     const Case cases[] = {
         {"at the keyboard", 0, false, false, 20},
         {"at the keyboard, a track playing", 0, false, false, 3},

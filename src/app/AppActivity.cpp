@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QDebug>
 
+#include <algorithm>
+
 namespace vaxo {
 namespace {
 
@@ -115,8 +117,8 @@ void AppActivity::recomputeIslandBusy()
             return;
         qInfo().noquote() << QStringLiteral("[activity] islandBusy=%1  expanded=%2 pointer=%3 pinned=%4 settings=%5 "
                                             "finished=%6 agents=%7 summon=%8")
-                                 .arg(yesNo(busy), yesNo(in.expanded), yesNo(in.pointerInside),
-                                      yesNo(in.pinnedByAlert), yesNo(in.showSettings), yesNo(in.justFinished))
+                                 .arg(yesNo(busy), yesNo(in.expanded), yesNo(in.pointerInside), yesNo(in.pinnedByAlert),
+                                      yesNo(in.showSettings), yesNo(in.justFinished))
                                  .arg(in.activeAgents)
                                  .arg(yesNo(m_summonShowing));
     });

@@ -1,5 +1,5 @@
-#include "FakeActivitySources.h"
 #include "app/AppActivity.h"
+#include "FakeActivitySources.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -39,8 +39,7 @@ void AppActivityTest::gate_data()
     QTest::newRow("expanded") << false << false << false << IslandBusyInputs{true} << true << true;
     QTest::newRow("pointer inside") << false << false << false << IslandBusyInputs{false, true} << true << true;
     QTest::newRow("pinned") << false << false << false << IslandBusyInputs{false, false, true} << true << true;
-    QTest::newRow("settings") << false << false << false << IslandBusyInputs{false, false, false, true} << true
-                              << true;
+    QTest::newRow("settings") << false << false << false << IslandBusyInputs{false, false, false, true} << true << true;
     QTest::newRow("just finished") << false << false << false << IslandBusyInputs{false, false, false, false, true}
                                    << true << true;
     QTest::newRow("a waiting session, collapsed") << false << false << false << waiting << true << true;

@@ -1,7 +1,7 @@
+#include "app/IslandScheduler.h"
 #include "FakeActivitySources.h"
 #include "FakeClock.h"
 #include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -47,7 +47,6 @@ private slots:
     void idleRunsTheClipboardEveryThreeSeconds();
     void awayLeavesOnlyTheWatch();
     void returnToActiveRunsEachJobAtOnce();
-    void lockSendsToAwayAtOnce();
     void rescheduleKeepsAnUnchangedTimer();
     void lastUnregisterStopsTheWatch();
     void sameNameReplacesTheJob();
@@ -139,20 +138,6 @@ void IslandSchedulerTest::returnToActiveRunsEachJobAtOnce()
     QCOMPARE(rig.runs.value("island.clipboard"), 1);
     rig.clock.advance(0.02);
     QCOMPARE(rig.runs.value("island.clipboard"), 2);
-}
-
-void IslandSchedulerTest::lockSendsToAwayAtOnce()
-{
-    Rig rig;
-    rig.scheduleAll();
-    QSignalSpy tierSpy(&rig.scheduler, &IslandScheduler::tierChanged);
-    emit rig.display->displayLost();
-    QCOMPARE(tierSpy.count(), 1);
-    QCOMPARE(rig.scheduler.tier(), Tier::Away);
-    emit rig.display->displayBack();
-    QCOMPARE(rig.scheduler.tier(), Tier::Active);
-    QCOMPARE(tierSpy.count(), 2);
-    QCOMPARE(rig.runs.value("island.media"), 1);
 }
 
 void IslandSchedulerTest::rescheduleKeepsAnUnchangedTimer()

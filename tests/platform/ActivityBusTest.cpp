@@ -39,6 +39,23 @@ public:
     QString activeProfile() const { return QStringLiteral("power-saver"); }
 };
 
+// A private bus of our own: its address and the daemon's process id.
+struct PrivateBus {
+    QString address;
+    pid_t pid = 0;
+};
+
+PrivateBus startBus()
+{
+    QProcess daemon;
+    daemon.start(QStringLiteral("dbus-daemon"), {"--session", "--fork", "--print-address=1", "--print-pid=1"});
+    daemon.waitForFinished(10000);
+    const QStringList lines = QString::fromUtf8(daemon.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    if (lines.size() != 2)
+        return {};
+    return {lines.at(0).trimmed(), pid_t(lines.at(1).trimmed().toLongLong())};
+}
+
 QVariantList propertiesChanged(const QString &interface, const QString &property, const QVariant &value)
 {
     return {interface, QVariantMap{{property, value}}, QStringList{}};
@@ -59,8 +76,7 @@ private slots:
 private:
     void emitSignal(const QString &path, const QString &interface, const QString &member, const QVariantList &args);
 
-    QString m_address;
-    qint64 m_daemonPid = 0;
+    PrivateBus m_bus;
     QThread m_serviceThread;
     StandInLogind m_logind;
     StandInPowerProfiles m_profiles;
@@ -68,19 +84,14 @@ private:
 
 void ActivityBusTest::initTestCase()
 {
-    QProcess daemon;
-    daemon.start(QStringLiteral("dbus-daemon"), {"--session", "--fork", "--print-address=1", "--print-pid=1"});
-    QVERIFY(daemon.waitForFinished(10000));
-    const QStringList lines = QString::fromUtf8(daemon.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    QCOMPARE(lines.size(), 2);
-    m_address = lines.at(0).trimmed();
-    m_daemonPid = lines.at(1).trimmed().toLongLong();
+    m_bus = startBus();
+    QVERIFY(m_bus.pid > 0);
     qunsetenv("XDG_SESSION_ID");
 
     m_serviceThread.start();
     m_logind.moveToThread(&m_serviceThread);
     m_profiles.moveToThread(&m_serviceThread);
-    QDBusConnection services = QDBusConnection::connectToBus(m_address, QStringLiteral("stand-ins"));
+    QDBusConnection services = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("stand-ins"));
     QVERIFY(services.isConnected());
     QVERIFY(services.registerObject("/org/freedesktop/login1", &m_logind, QDBusConnection::ExportAllSlots));
     QVERIFY(services.registerObject("/net/hadess/PowerProfiles", &m_profiles, QDBusConnection::ExportAllProperties));
@@ -93,8 +104,8 @@ void ActivityBusTest::cleanupTestCase()
     QDBusConnection::disconnectFromBus(QStringLiteral("stand-ins"));
     m_serviceThread.quit();
     m_serviceThread.wait();
-    if (m_daemonPid > 0)
-        ::kill(pid_t(m_daemonPid), SIGTERM);
+    if (m_bus.pid > 0)
+        ::kill(m_bus.pid, SIGTERM);
 }
 
 void ActivityBusTest::emitSignal(const QString &path, const QString &interface, const QString &member,
@@ -107,7 +118,7 @@ void ActivityBusTest::emitSignal(const QString &path, const QString &interface, 
 
 void ActivityBusTest::lowPowerFollowsTheProfile()
 {
-    QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("power"));
+    QDBusConnection bus = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("power"));
     test::FakeClock clock;
     AppActivity activity({nullptr, new PowerProfilesLowPower(bus), nullptr}, {});
     IslandScheduler scheduler(clock, activity, nullptr);
@@ -134,12 +145,14 @@ void ActivityBusTest::signalsCloseAndOpenTheGate_data()
     QTest::addColumn<QVariantList>("back");
     const QString session = QStringLiteral("org.freedesktop.login1.Session");
     QTest::newRow("session lock") << kSessionPath << session << "Lock" << QVariantList{} << QVariantList{};
-    QTest::newRow("locked hint") << kSessionPath << "org.freedesktop.DBus.Properties" << "PropertiesChanged"
-                                 << propertiesChanged(session, "LockedHint", true)
+    QTest::newRow("locked hint") << kSessionPath << "org.freedesktop.DBus.Properties"
+                                 << "PropertiesChanged" << propertiesChanged(session, "LockedHint", true)
                                  << propertiesChanged(session, "LockedHint", false);
-    QTest::newRow("sleep") << "/org/freedesktop/login1" << "org.freedesktop.login1.Manager" << "PrepareForSleep"
-                           << QVariantList{true} << QVariantList{false};
-    QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver" << "org.freedesktop.ScreenSaver"
+    QTest::newRow("sleep") << "/org/freedesktop/login1"
+                           << "org.freedesktop.login1.Manager"
+                           << "PrepareForSleep" << QVariantList{true} << QVariantList{false};
+    QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver"
+                                  << "org.freedesktop.ScreenSaver"
                                   << "ActiveChanged" << QVariantList{true} << QVariantList{false};
 }
 
@@ -150,7 +163,7 @@ void ActivityBusTest::signalsCloseAndOpenTheGate()
     QFETCH(QString, member);
     QFETCH(QVariantList, lost);
     QFETCH(QVariantList, back);
-    QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("display"));
+    QDBusConnection bus = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("display"));
     auto *display = new LinuxDisplayState(bus, bus);
     QCOMPARE(display->sessionPath(), kSessionPath);
     test::FakeClock clock;
@@ -174,22 +187,19 @@ void ActivityBusTest::signalsCloseAndOpenTheGate()
 
 void ActivityBusTest::missingServicesChangeNothing()
 {
-    QProcess daemon;
-    daemon.start(QStringLiteral("dbus-daemon"), {"--session", "--fork", "--print-address=1", "--print-pid=1"});
-    QVERIFY(daemon.waitForFinished(10000));
-    const QStringList lines = QString::fromUtf8(daemon.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    QCOMPARE(lines.size(), 2);
-    QDBusConnection empty = QDBusConnection::connectToBus(lines.at(0).trimmed(), QStringLiteral("empty"));
+    const PrivateBus bus = startBus();
+    QVERIFY(bus.pid > 0);
+    QDBusConnection empty = QDBusConnection::connectToBus(bus.address, QStringLiteral("empty"));
     QVERIFY(empty.isConnected());
     const QDBusConnection none = QDBusConnection::connectToBus("unix:path=/nonexistent/bus", "none");
     QVERIFY(!none.isConnected());
-    for (const QDBusConnection &bus : {empty, none}) {
-        LinuxDisplayState display(bus, bus);
-        PowerProfilesLowPower power(bus);
+    for (const QDBusConnection &connection : {empty, none}) {
+        LinuxDisplayState display(connection, connection);
+        PowerProfilesLowPower power(connection);
         QVERIFY(display.sessionPath().isEmpty());
         QVERIFY(!power.isLowPower());
     }
-    ::kill(pid_t(lines.at(1).trimmed().toLongLong()), SIGTERM);
+    ::kill(bus.pid, SIGTERM);
 }
 
 QTEST_GUILESS_MAIN(ActivityBusTest)

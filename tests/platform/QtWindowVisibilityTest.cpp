@@ -1,5 +1,5 @@
-#include "app/AppActivity.h"
 #include "platform/linux/QtWindowVisibility.h"
+#include "app/AppActivity.h"
 
 #include <QTest>
 #include <QWindow>
@@ -22,8 +22,8 @@ void QtWindowVisibilityTest::ordinaryWindowsCount_data()
     QTest::addColumn<bool>("counts");
     QTest::newRow("settings window") << Qt::WindowFlags(Qt::Window) << QSize(480, 360) << true;
     QTest::newRow("small window") << Qt::WindowFlags(Qt::Window) << QSize(180, 360) << false;
-    QTest::newRow("island panel") << (Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-                                  << QSize(480, 360) << false;
+    QTest::newRow("island panel") << (Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint) << QSize(480, 360)
+                                  << false;
     QTest::newRow("always on top") << (Qt::Window | Qt::WindowStaysOnTopHint) << QSize(480, 360) << false;
 }
 

@@ -16,10 +16,10 @@ private slots:
 
 void XIdleTimeTest::inputResetsIdleTime_data()
 {
+    // No wheel: the window manager would switch desktops under the other tests' windows.
     QTest::addColumn<QStringList>("xdotool");
     QTest::newRow("pointer") << QStringList{"mousemove_relative", "1", "1"};
     QTest::newRow("key") << QStringList{"key", "shift"};
-    QTest::newRow("scroll") << QStringList{"click", "5"};
 }
 
 void XIdleTimeTest::inputResetsIdleTime()

@@ -41,8 +41,8 @@ LinuxDisplayState::LinuxDisplayState(const QDBusConnection &system, const QDBusC
 
 void LinuxDisplayState::followLogind(QDBusConnection system)
 {
-    auto *manager = new OrgFreedesktopLogin1ManagerInterface(kLogind, QStringLiteral("/org/freedesktop/login1"),
-                                                             system, this);
+    auto *manager =
+        new OrgFreedesktopLogin1ManagerInterface(kLogind, QStringLiteral("/org/freedesktop/login1"), system, this);
     manager->setTimeout(kLookupTimeoutMs);
     // The machine is about to sleep (true) or has woken (false).
     connect(manager, &OrgFreedesktopLogin1ManagerInterface::PrepareForSleep, this, &LinuxDisplayState::report);
