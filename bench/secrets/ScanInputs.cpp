@@ -19,7 +19,7 @@ template <typename Make> std::u16string fill(size_t size, Make make)
     return widen(out);
 }
 
-const char *const kWords[] = {"the",  "island", "shows", "what",    "agents", "do",     "while",  "you",
+const char *const kWords[] = {"the",  "island", "shows", "what",    "agents", "do",     "while",   "you",
                               "work", "on",     "other", "things",  "and",    "waits",  "quietly", "for",
                               "a",    "click",  "when",  "someone", "asks",   "before", "running", "tests"};
 
@@ -38,9 +38,12 @@ std::vector<std::pair<std::string, std::u16string>> scanInputs(size_t size, unsi
                          return sentence + (pick(4) ? ". " : ".\n\n");
                      }));
     const char *const code[] = {
-        "    const auto session = sessions.value(id);\n", "    if (!session.isAnswerable())\n        return;\n",
-        "struct Item { QString name; int count = 0; };\n", "    for (const auto &item : items) total += item.count;\n",
-        "    // keep the last good state when the read fails\n", "#include \"agents/AgentSession.h\"\n",
+        "    const auto session = sessions.value(id);\n",
+        "    if (!session.isAnswerable())\n        return;\n",
+        "struct Item { QString name; int count = 0; };\n",
+        "    for (const auto &item : items) total += item.count;\n",
+        "    // keep the last good state when the read fails\n",
+        "#include \"agents/AgentSession.h\"\n",
         "    auto token = lexer.next(); // the parser's token, not a credential\n",
         "    std::sort(list.begin(), list.end(), [](auto &a, auto &b) { return a.at > b.at; });\n"};
     out.emplace_back("source code", fill(size, [&] { return std::string(code[pick(std::size(code))]); }));
@@ -48,8 +51,9 @@ std::vector<std::pair<std::string, std::u16string>> scanInputs(size_t size, unsi
                          const std::string level[] = {"INFO", "DEBUG", "WARN"};
                          return "2026-11-21T12:" + std::to_string(10 + pick(50)) + ":" + std::to_string(10 + pick(50)) +
                                 ".123Z " + level[pick(3)] + " [worker-" + std::to_string(pick(8)) +
-                                "] GET /api/v1/items/" + std::to_string(pick(100000)) + " status=200 took=" +
-                                std::to_string(pick(900)) + "ms user=u" + std::to_string(pick(999)) + "\n";
+                                "] GET /api/v1/items/" + std::to_string(pick(100000)) +
+                                " status=200 took=" + std::to_string(pick(900)) + "ms user=u" +
+                                std::to_string(pick(999)) + "\n";
                      }));
     const char b64[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     out.emplace_back("base64 blob", fill(size, [&] { return std::string(1, b64[pick(64)]); }));

@@ -77,8 +77,8 @@ int main()
         const double fastMs = medianMs(21, [&] { fast = SecretScanner::findings(text); });
         const auto plain = plainScan(text, fast);
         if (plain)
-            std::printf("%-24s %9.2f %9.2f %10.2f %9zu %s\n", name.c_str(), fastMs, firstMs, plain->first,
-                        fast.size(), plain->second ? "yes" : "NO");
+            std::printf("%-24s %9.2f %9.2f %10.2f %9zu %s\n", name.c_str(), fastMs, firstMs, plain->first, fast.size(),
+                        plain->second ? "yes" : "NO");
         else
             std::printf("%-24s %9.2f %9.2f %10s %9zu %s\n", name.c_str(), fastMs, firstMs, "> 5000", fast.size(),
                         "(plain scan stopped)");

@@ -10,7 +10,7 @@
 using vaxo::SecretScanner;
 
 namespace {
-constexpr size_t kCap = 262144;     // the largest text the clipboard scans, in code units here
+constexpr size_t kCap = 262144;       // the largest text the clipboard scans, in code units here
 constexpr size_t kCompareUpTo = 4096; // the plain scan is slow: compare on small inputs only
 
 // Code units that ASCII bytes rarely become: folding letters, lone surrogate halves, joiners, marks.

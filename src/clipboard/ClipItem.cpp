@@ -44,11 +44,10 @@ std::optional<ClipItem> ClipItem::fromJson(const QJsonObject &o)
     const QJsonValue pinned = o.value(QStringLiteral("pinned"));
     const QJsonValue copiedAt = o.value(QStringLiteral("copiedAt"));
     const QJsonValue secret = o.value(QStringLiteral("secret"));
-    if (!id.isString() || !kind || !preview.isString() || !pinned.isBool() || !copiedAt.isDouble() ||
-        !secret.isBool())
+    if (!id.isString() || !kind || !preview.isString() || !pinned.isBool() || !copiedAt.isDouble() || !secret.isBool())
         return std::nullopt;
-    ClipItem item{id.toString(), *kind, preview.toString(), {}, pinned.toBool(), copiedAt.toDouble(), {},
-                  secret.toBool()};
+    ClipItem item{id.toString(),       *kind, preview.toString(), {}, pinned.toBool(),
+                  copiedAt.toDouble(), {},    secret.toBool()};
     if (!readOptionalString(o, QStringLiteral("text"), item.text) ||
         !readOptionalString(o, QStringLiteral("sourceApp"), item.sourceApp))
         return std::nullopt;

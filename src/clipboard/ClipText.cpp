@@ -25,10 +25,10 @@ qsizetype endOfCharacters(const QString &text, int count)
 }
 
 const QStringList kCodeMarkers{
-    QStringLiteral("func "),   QStringLiteral("class "),    QStringLiteral("import "),  QStringLiteral("const "),
-    QStringLiteral("let "),    QStringLiteral("var "),      QStringLiteral("def "),     QStringLiteral("=>"),
-    QStringLiteral("{"),       QStringLiteral("};"),        QStringLiteral("</"),       QStringLiteral("#include"),
-    QStringLiteral("SELECT "), QStringLiteral("npm "),      QStringLiteral("git "),
+    QStringLiteral("func "),   QStringLiteral("class "), QStringLiteral("import "), QStringLiteral("const "),
+    QStringLiteral("let "),    QStringLiteral("var "),   QStringLiteral("def "),    QStringLiteral("=>"),
+    QStringLiteral("{"),       QStringLiteral("};"),     QStringLiteral("</"),      QStringLiteral("#include"),
+    QStringLiteral("SELECT "), QStringLiteral("npm "),   QStringLiteral("git "),
 };
 
 } // namespace

@@ -24,10 +24,10 @@ const QStringList &ignoredApplications()
         QStringLiteral("org.keepassxc.keepassxc"),
         // Window classes, instance names and processes of the Linux password managers: KeePassXC,
         // Bitwarden, 1Password, Enpass, Seahorse ("Passwords and Keys"), KWalletManager, GNOME Secrets.
-        QStringLiteral("keepassxc"), QStringLiteral("bitwarden"), QStringLiteral("1password"),
-        QStringLiteral("enpass"), QStringLiteral("seahorse"), QStringLiteral("org.gnome.seahorse.application"),
-        QStringLiteral("kwalletmanager"), QStringLiteral("kwalletmanager5"), QStringLiteral("org.kde.kwalletmanager5"),
-        QStringLiteral("secrets"), QStringLiteral("org.gnome.world.secrets"), QStringLiteral("gnome-secrets")};
+        QStringLiteral("keepassxc"), QStringLiteral("bitwarden"), QStringLiteral("1password"), QStringLiteral("enpass"),
+        QStringLiteral("seahorse"), QStringLiteral("org.gnome.seahorse.application"), QStringLiteral("kwalletmanager"),
+        QStringLiteral("kwalletmanager5"), QStringLiteral("org.kde.kwalletmanager5"), QStringLiteral("secrets"),
+        QStringLiteral("org.gnome.world.secrets"), QStringLiteral("gnome-secrets")};
     return apps;
 }
 

@@ -30,8 +30,8 @@ struct IslandClipboard::Captured {
 
 IslandClipboard::IslandClipboard(Pasteboard &pasteboard, const FrontmostApp &frontmost, IslandScheduler &scheduler,
                                  QSettings &settings, const AppPaths &paths, Clock &clock, QObject *parent)
-    : QObject(parent), m_pasteboard(pasteboard), m_frontmost(frontmost), m_scheduler(scheduler),
-      m_settings(settings), m_clock(clock), m_store(paths.clipboardFile())
+    : QObject(parent), m_pasteboard(pasteboard), m_frontmost(frontmost), m_scheduler(scheduler), m_settings(settings),
+      m_clock(clock), m_store(paths.clipboardFile())
 {
     m_scanQueue.setObjectName(QStringLiteral("ai.vaxo.island.clipscan"));
     m_scanQueue.setMaxThreadCount(1);
@@ -89,8 +89,8 @@ void IslandClipboard::load()
     const QList<ClipItem> saved = m_store.load().value_or(QList<ClipItem>());
     for (const ClipItem &clip : saved) {
         const bool secret =
-            clip.text && SecretScanner::containsSecret({reinterpret_cast<const char16_t *>(clip.text->utf16()),
-                                                        size_t(clip.text->size())});
+            clip.text && SecretScanner::containsSecret(
+                             {reinterpret_cast<const char16_t *>(clip.text->utf16()), size_t(clip.text->size())});
         if (!secret && (scrubbed || clip.pinned))
             m_items.append(clip);
     }
@@ -160,7 +160,8 @@ void IslandClipboard::poll()
     }
     m_scanQueue.start([this, clip = captured->clip, text = *captured->text] {
         const ClipItem item = ClipText::textItem(text, clip.id, clip.copiedAt, clip.sourceApp);
-        QMetaObject::invokeMethod(this, [this, item] { record(item); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, item] { record(item); }, Qt::QueuedConnection);
     });
 }
 

@@ -15,9 +15,9 @@ using chars::Text;
 const std::vector<std::u16string> &keyNames()
 {
     static const std::vector<std::u16string> names = [] {
-        std::vector<std::u16string> out{u"password", u"passwords", u"passwd", u"pwd", u"secret", u"secrets",
-                                        u"token", u"tokens", u"authorization", u"credential", u"credentials",
-                                        u"passphrase"};
+        std::vector<std::u16string> out{u"password",      u"passwords",  u"passwd",      u"pwd",
+                                        u"secret",        u"secrets",    u"token",       u"tokens",
+                                        u"authorization", u"credential", u"credentials", u"passphrase"};
         const std::pair<Text, Text> compounds[] = {{u"api", u"key"},     {u"access", u"key"},  {u"secret", u"key"},
                                                    {u"private", u"key"}, {u"session", u"key"}, {u"client", u"secret"},
                                                    {u"auth", u"token"}};

@@ -5,10 +5,21 @@ namespace vaxo {
 const std::vector<std::u16string> &SecretScanner::labelPatterns()
 {
     static const std::vector<std::u16string> patterns{
-        u"passwords?",        u"passwd",           u"pwd",           u"secrets?",
-        u"tokens?",           u"api[_-]?keys?",    u"access[_-]?keys?", u"secret[_-]?keys?",
-        u"private[_-]?keys?", u"session[_-]?keys?", u"client[_-]?secrets?", u"auth[_-]?tokens?",
-        u"authorization",     u"credentials?",     u"passphrase",
+        u"passwords?",
+        u"passwd",
+        u"pwd",
+        u"secrets?",
+        u"tokens?",
+        u"api[_-]?keys?",
+        u"access[_-]?keys?",
+        u"secret[_-]?keys?",
+        u"private[_-]?keys?",
+        u"session[_-]?keys?",
+        u"client[_-]?secrets?",
+        u"auth[_-]?tokens?",
+        u"authorization",
+        u"credentials?",
+        u"passphrase",
     };
     return patterns;
 }
@@ -38,8 +49,8 @@ const std::vector<SecretScanner::Rule> &SecretScanner::rules()
             {"labeled-bare", key + uR"re(([^\s"'`,;()\[\]{}<>]{3,}))re", 1, true},
             {"bearer", uR"re(\b(?:Bearer|Basic)[ \t]+((?=[A-Za-z0-9\-._~+/]*[0-9])[A-Za-z0-9\-._~+/]{12,}={0,2}))re", 1,
              true},
-            {"aws-access-key",
-             uR"re(\b((?:AKIA|ASIA|ABIA|ACCA|AGPA|AIDA|AIPA|ANPA|ANVA|AROA|APKA)[0-9A-Z]{16})\b)re", 1, false},
+            {"aws-access-key", uR"re(\b((?:AKIA|ASIA|ABIA|ACCA|AGPA|AIDA|AIPA|ANPA|ANVA|AROA|APKA)[0-9A-Z]{16})\b)re",
+             1, false},
             {"github-token", uR"re(\b(gh[pousr]_[A-Za-z0-9]{36,})\b)re", 1, false},
             {"github-pat", uR"re(\b(github_pat_[A-Za-z0-9_]{22,})\b)re", 1, false},
             {"slack-token", uR"re(\b(xox[abprse]-[A-Za-z0-9-]{10,}))re", 1, false},

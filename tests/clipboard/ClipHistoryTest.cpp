@@ -1,5 +1,5 @@
-#include "TempHome.h"
 #include "clipboard/ClipHistory.h"
+#include "TempHome.h"
 #include "clipboard/ClipStore.h"
 
 #include <QTest>

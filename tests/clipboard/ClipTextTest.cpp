@@ -30,23 +30,40 @@ void ClipTextTest::classify_data()
 {
     QTest::addColumn<QString>("copied");
     QTest::addColumn<QString>("kind");
-    QTest::newRow("link") << "https://example.com/a?b=1" << "link";
-    QTest::newRow("capital scheme") << "HTTPS://EXAMPLE.COM/X" << "link";
-    QTest::newRow("link with words after") << "https://example.com and more" << "text";
-    QTest::newRow("link with blank and brace") << "http://x.com { y }" << "code";
-    QTest::newRow("not a scheme") << "ftp://example.com" << "text";
-    QTest::newRow("short colour") << "#fff" << "color";
-    QTest::newRow("long colour") << "#11223344" << "color";
-    QTest::newRow("colour in blanks") << "  #fff\n" << "color";
-    QTest::newRow("not hex") << "#ggg" << "text";
-    QTest::newRow("too short") << "#12" << "text";
-    QTest::newRow("too long") << "#123456789" << "text";
-    QTest::newRow("short code is text") << "let x = 1" << "text";
-    QTest::newRow("code") << "let total = 10" << "code";
-    QTest::newRow("git twelve") << "git status x" << "text";
-    QTest::newRow("git thirteen") << "git status -s" << "code";
-    QTest::newRow("markup") << "<div>hello</div>" << "code";
-    QTest::newRow("markers are case-sensitive") << "select * from t where x" << "text";
+    QTest::newRow("link") << "https://example.com/a?b=1"
+                          << "link";
+    QTest::newRow("capital scheme") << "HTTPS://EXAMPLE.COM/X"
+                                    << "link";
+    QTest::newRow("link with words after") << "https://example.com and more"
+                                           << "text";
+    QTest::newRow("link with blank and brace") << "http://x.com { y }"
+                                               << "code";
+    QTest::newRow("not a scheme") << "ftp://example.com"
+                                  << "text";
+    QTest::newRow("short colour") << "#fff"
+                                  << "color";
+    QTest::newRow("long colour") << "#11223344"
+                                 << "color";
+    QTest::newRow("colour in blanks") << "  #fff\n"
+                                      << "color";
+    QTest::newRow("not hex") << "#ggg"
+                             << "text";
+    QTest::newRow("too short") << "#12"
+                               << "text";
+    QTest::newRow("too long") << "#123456789"
+                              << "text";
+    QTest::newRow("short code is text") << "let x = 1"
+                                        << "text";
+    QTest::newRow("code") << "let total = 10"
+                          << "code";
+    QTest::newRow("git twelve") << "git status x"
+                                << "text";
+    QTest::newRow("git thirteen") << "git status -s"
+                                  << "code";
+    QTest::newRow("markup") << "<div>hello</div>"
+                            << "code";
+    QTest::newRow("markers are case-sensitive") << "select * from t where x"
+                                                << "text";
     QTest::newRow("thirteen characters, more code units") << "{" + emoji(12) << "code";
     QTest::newRow("twelve characters, 23 code units") << "{" + emoji(11) << "text";
 }
@@ -65,8 +82,10 @@ void ClipTextTest::preview_data()
 {
     QTest::addColumn<QString>("copied");
     QTest::addColumn<QString>("preview");
-    QTest::newRow("one line") << "  hello \n" << "hello";
-    QTest::newRow("tabs and newlines") << "a\tb\n\nc   d" << "a b c d";
+    QTest::newRow("one line") << "  hello \n"
+                              << "hello";
+    QTest::newRow("tabs and newlines") << "a\tb\n\nc   d"
+                                       << "a b c d";
     QTest::newRow("220 stays") << QString(220, QLatin1Char('x')) << QString(220, QLatin1Char('x'));
     QTest::newRow("221 is cut") << QString(221, QLatin1Char('x')) << QString(220, QLatin1Char('x')) + u'\u2026';
     QTest::newRow("500 is cut") << QString(500, QLatin1Char('y')) << QString(220, QLatin1Char('y')) + u'\u2026';
@@ -105,19 +124,22 @@ void ClipTextTest::savedForm_data()
     QTest::newRow("complete") << QByteArray(R"({"id":"A","kind":"link","preview":"p","text":"t","pinned":true,)"
                                             R"("copiedAt":12.5,"sourceApp":"XTerm","secret":false})")
                               << true;
-    QTest::newRow("text and source null") << QByteArray(R"({"id":"A","kind":"image","preview":"p","text":null,)"
-                                                        R"("pinned":false,"copiedAt":1,"sourceApp":null,"secret":false})")
-                                          << true;
+    QTest::newRow("text and source null")
+        << QByteArray(R"({"id":"A","kind":"image","preview":"p","text":null,)"
+                      R"("pinned":false,"copiedAt":1,"sourceApp":null,"secret":false})")
+        << true;
     QTest::newRow("text and source missing")
         << QByteArray(R"({"id":"A","kind":"file","preview":"p","pinned":false,"copiedAt":1,"secret":false})") << true;
     QTest::newRow("unknown kind")
         << QByteArray(R"({"id":"A","kind":"video","preview":"p","pinned":false,"copiedAt":1,"secret":false})") << false;
     QTest::newRow("time as text")
-        << QByteArray(R"({"id":"A","kind":"text","preview":"p","pinned":false,"copiedAt":"1","secret":false})") << false;
+        << QByteArray(R"({"id":"A","kind":"text","preview":"p","pinned":false,"copiedAt":"1","secret":false})")
+        << false;
     QTest::newRow("text a number") << QByteArray(R"({"id":"A","kind":"text","preview":"p","text":3,"pinned":false,)"
                                                  R"("copiedAt":1,"secret":false})")
                                    << false;
-    QTest::newRow("no secret flag") << QByteArray(R"({"id":"A","kind":"text","preview":"p","pinned":false,"copiedAt":1})")
+    QTest::newRow("no secret flag") << QByteArray(
+                                           R"({"id":"A","kind":"text","preview":"p","pinned":false,"copiedAt":1})")
                                     << false;
 }
 

@@ -69,9 +69,8 @@ QByteArray ClipboardDriver::paste(const QString &target)
 {
     QProcess xclip;
     xclip.setProcessEnvironment(m_env);
-    xclip.start(QStringLiteral("xclip"),
-                {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-o"), QStringLiteral("-t"),
-                 target});
+    xclip.start(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard"),
+                                          QStringLiteral("-o"), QStringLiteral("-t"), target});
     if (!QTest::qWaitFor([&] { return xclip.state() == QProcess::NotRunning; }, 10000))
         return {};
     return xclip.readAllStandardOutput();

@@ -61,8 +61,7 @@ std::optional<AppIdentity> X11FrontmostApp::current() const
     if (!c)
         return std::nullopt;
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(c)).data->root;
-    const auto window =
-        firstValue<xcb_window_t>(property(c, root, atom(c, "_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW));
+    const auto window = firstValue<xcb_window_t>(property(c, root, atom(c, "_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW));
     if (window == XCB_WINDOW_NONE)
         return std::nullopt;
     // WM_CLASS holds two strings: the instance name, then the class.
