@@ -19,7 +19,7 @@ constexpr char16_t kOddUnits[] = {0x017F, 0x212A, 0x00DF, 0x0130, 0xFB06, 0xD83D
 
 // The first byte picks the reading: raw UTF-16 pairs, or one byte per code unit so that the key names,
 // prefixes and signs of the rules come up often, with bytes 0x80 to 0x8F standing for odd code units.
-// One input in 64 is then repeated up to the cap, for the sizes the fuzzer's own inputs never reach.
+// About one input in 4000 is then repeated up to the cap, for the sizes the fuzzer's own inputs never reach.
 std::u16string decode(const uint8_t *data, size_t size)
 {
     if (size == 0)
@@ -32,7 +32,7 @@ std::u16string decode(const uint8_t *data, size_t size)
         text.resize(std::min((size - 1) / 2, kCap));
         std::memcpy(text.data(), data + 1, text.size() * 2);
     }
-    if ((data[0] & 0x7E) == 0x7E && !text.empty()) {
+    if ((data[0] & 0x7E) == 0x7E && size % 64 == 0 && !text.empty()) {
         const std::u16string unit = text;
         while (text.size() + unit.size() <= kCap)
             text += unit;
