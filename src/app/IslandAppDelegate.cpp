@@ -4,6 +4,8 @@
 #include "agents/HookInstaller.h"
 #include "agents/LocalHookSource.h"
 #include "app/Clock.h"
+#include "app/IslandScheduler.h"
+#include "clipboard/IslandClipboard.h"
 #include "island/IslandController.h"
 #include "island/IslandState.h"
 #include "platform/PanelShell.h"
@@ -21,7 +23,9 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     auto source =
         std::make_unique<LocalHookSource>(m_paths.sessions(), Clock::system(), PlatformServices::newFolderWatcher());
     m_state = std::make_unique<IslandState>(std::move(source), Clock::system(), *m_settings, *m_platform.sounds);
-    m_controller = std::make_unique<IslandController>(*m_state, *m_platform.panelShell, *m_settings);
+    m_clipboard = std::make_unique<IslandClipboard>(*m_platform.pasteboard, *m_platform.frontmost,
+                                                    IslandScheduler::shared(), *m_settings, m_paths, Clock::system());
+    m_controller = std::make_unique<IslandController>(*m_state, *m_clipboard, *m_platform.panelShell, *m_settings);
 }
 
 IslandAppDelegate::~IslandAppDelegate() = default;

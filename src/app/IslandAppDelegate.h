@@ -11,6 +11,7 @@ class QSettings;
 
 namespace vaxo {
 
+class IslandClipboard;
 class IslandController;
 class IslandState;
 
@@ -33,6 +34,7 @@ private:
     PlatformServices m_platform;
     std::unique_ptr<QSettings> m_settings;
     std::unique_ptr<IslandState> m_state;
+    std::unique_ptr<IslandClipboard> m_clipboard;
     std::unique_ptr<IslandController> m_controller;
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/AppActivity.h"
 #include "app/IslandScheduler.h"
+#include "clipboard/IslandClipboard.h"
 #include "island/IslandGeometry.h"
 #include "island/IslandState.h"
 #include "platform/PanelShell.h"
@@ -21,8 +22,9 @@ constexpr double kExpandedMargin = 18;
 
 } // namespace
 
-IslandController::IslandController(IslandState &state, PanelShell &shell, QSettings &settings, QObject *parent)
-    : QObject(parent), m_state(state), m_shell(shell), m_settings(settings)
+IslandController::IslandController(IslandState &state, IslandClipboard &clipboard, PanelShell &shell,
+                                   QSettings &settings, QObject *parent)
+    : QObject(parent), m_state(state), m_clipboard(clipboard), m_shell(shell), m_settings(settings)
 {
 }
 
@@ -71,7 +73,9 @@ void IslandController::show()
     m_shell.prepare(*m_panel);
     m_panel->show();
 
+    // The feeders, in this order: session watching, then the clipboard history.
     m_state.startWatching();
+    m_clipboard.start();
     for (auto signal : {&IslandState::expandedChanged, &IslandState::modeChanged, &IslandState::agentSessionsChanged,
                         &IslandState::showSettingsChanged})
         m_stateSubs << connect(&m_state, signal, this, &IslandController::updateInteractiveRect, Qt::QueuedConnection);
@@ -104,6 +108,7 @@ void IslandController::hide()
         return;
     m_state.collapse();
     m_state.stopWatching();
+    m_clipboard.stop();
     m_panel.reset();
 }
 

@@ -14,6 +14,7 @@ class QSettings;
 
 namespace vaxo {
 
+class IslandClipboard;
 class IslandState;
 class PanelShell;
 
@@ -25,7 +26,8 @@ class IslandController : public QObject {
     Q_PROPERTY(double islandHeight READ islandHeight NOTIFY islandSizeChanged)
 
 public:
-    IslandController(IslandState &state, PanelShell &shell, QSettings &settings, QObject *parent = nullptr);
+    IslandController(IslandState &state, IslandClipboard &clipboard, PanelShell &shell, QSettings &settings,
+                     QObject *parent = nullptr);
     ~IslandController() override;
 
     // Follows display changes, then shows or hides the island as the setting says.
@@ -54,6 +56,7 @@ private:
     void connectActivity();
 
     IslandState &m_state;
+    IslandClipboard &m_clipboard;
     PanelShell &m_shell;
     QSettings &m_settings;
     std::unique_ptr<QQuickView> m_panel;

@@ -7,14 +7,22 @@ class QObject;
 namespace vaxo {
 
 class FolderWatcher;
+class FrontmostApp;
 class PanelShell;
+class Pasteboard;
 class SoundPlayer;
 
 // The platform's implementations of the services the program needs, made by the platform folder
 // that the build selects.
 struct PlatformServices {
+    PlatformServices();
+    PlatformServices(PlatformServices &&) noexcept;
+    ~PlatformServices();
+
     std::unique_ptr<SoundPlayer> sounds;
     std::unique_ptr<PanelShell> panelShell;
+    std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<FrontmostApp> frontmost;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);

@@ -13,13 +13,41 @@
 #include <csignal>
 
 // The real program on the test's X server, in a throw-away home.
+namespace {
+
+QByteArray clipboardText()
+{
+    QProcess xclip;
+    xclip.start(QStringLiteral("xclip"),
+                {QStringLiteral("-o"), QStringLiteral("-selection"), QStringLiteral("clipboard")});
+    xclip.waitForFinished();
+    return xclip.readAllStandardOutput();
+}
+
+} // namespace
+
 class ProgramTest : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
     void startsInOrderAndEndsOnSignals_data();
     void startsInOrderAndEndsOnSignals();
+
+private:
+    // Copies text the way another program does, and waits until the copy is on offer.
+    static void copy(const QByteArray &text);
 };
+
+void ProgramTest::copy(const QByteArray &text)
+{
+    QProcess xclip;
+    xclip.start(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard")});
+    QVERIFY(xclip.waitForStarted());
+    xclip.write(text);
+    xclip.closeWriteChannel();
+    QVERIFY(xclip.waitForFinished()); // xclip forks and keeps offering the text in the background
+    QTRY_COMPARE_WITH_TIMEOUT(clipboardText(), text, 5000);
+}
 
 void ProgramTest::initTestCase()
 {
@@ -67,6 +95,12 @@ void ProgramTest::startsInOrderAndEndsOnSignals()
     const QJsonObject settings =
         QJsonDocument::fromJson(vaxo::test::TempHome::read(home.root() + "/.claude/settings.json")).object();
     QCOMPARE(settings.value("hooks").toObject().size(), 6);
+
+    // The clipboard history runs and keeps its file private.
+    copy("notes for the island test");
+    QTRY_VERIFY_WITH_TIMEOUT(vaxo::test::TempHome::read(paths.clipboardFile()).contains("notes for the island test"),
+                             10000);
+    QCOMPARE(vaxo::test::TempHome::mode(paths.clipboardFile()), 0600);
 
     ::kill(pid_t(program.processId()), signal);
     QVERIFY(program.waitForFinished(10000));

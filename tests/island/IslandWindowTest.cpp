@@ -1,5 +1,7 @@
 #include "agents/LocalHookSource.h"
 #include "app/Clock.h"
+#include "app/IslandScheduler.h"
+#include "clipboard/IslandClipboard.h"
 #include "island/IslandController.h"
 #include "island/IslandState.h"
 #include "platform/PanelShell.h"
@@ -29,7 +31,9 @@ struct Island {
           state(std::make_unique<LocalHookSource>(home.paths().sessions(), Clock::system(),
                                                   PlatformServices::newFolderWatcher()),
                 Clock::system(), settings, *platform.sounds),
-          controller(state, *platform.panelShell, settings)
+          clipboard(*platform.pasteboard, *platform.frontmost, IslandScheduler::shared(), settings, home.paths(),
+                    Clock::system()),
+          controller(state, clipboard, *platform.panelShell, settings)
     {
         if (!enabled)
             settings.setValue("vaxoIslandEnabled", false);
@@ -40,6 +44,7 @@ struct Island {
     QSettings settings;
     PlatformServices platform;
     IslandState state;
+    IslandClipboard clipboard;
     IslandController controller;
 };
 

@@ -2,11 +2,13 @@
 
 #include "platform/ActivityPlatform.h"
 #include "platform/linux/LinuxActivityPlatform.h"
+#include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
 
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"
+#include "platform/linux/X11FrontmostApp.h"
 #include "platform/linux/X11PanelShell.h"
 
 namespace vaxo {
@@ -15,6 +17,10 @@ FolderWatcher *PlatformServices::newFolderWatcher(QObject *parent)
 {
     return new linux_platform::InotifyFolderWatcher(parent);
 }
+
+PlatformServices::PlatformServices() = default;
+PlatformServices::PlatformServices(PlatformServices &&) noexcept = default;
+PlatformServices::~PlatformServices() = default;
 
 void PlatformServices::installLogging()
 {
@@ -28,6 +34,8 @@ PlatformServices PlatformServices::make()
     PlatformServices services;
     services.sounds = std::make_unique<linux_platform::CanberraSoundPlayer>();
     services.panelShell = std::make_unique<linux_platform::X11PanelShell>();
+    services.pasteboard = std::make_unique<linux_platform::QtPasteboard>();
+    services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
     return services;
 }
 
