@@ -7,28 +7,27 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusVariant>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
 
-#include <csignal>
-
 using namespace vaxo;
+Q_DECLARE_METATYPE(vaxo::Tier)
 using vaxo::linux_platform::LinuxDisplayState;
 using vaxo::linux_platform::PowerProfilesLowPower;
 
 namespace {
 
-const QString kSessionPath = QStringLiteral("/org/freedesktop/login1/session/_32");
+const QString kSession = QStringLiteral("/org/freedesktop/login1/session/_32");
+const QString kProps = QStringLiteral("org.freedesktop.DBus.Properties");
 
-// Stand-ins for logind's manager and power-profiles-daemon (under its older name), answering from a
-// thread of their own so that the sources' blocking look-ups get their replies.
+// Stand-ins for logind and the power profiles service (under its older name), answering from a thread
+// of their own so that the sources' blocking look-ups get their replies.
 class StandInLogind : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
 public slots:
-    QDBusObjectPath GetSessionByPID(uint) { return QDBusObjectPath(kSessionPath); }
+    QDBusObjectPath GetSessionByPID(uint) { return QDBusObjectPath(kSession); }
 };
 
 class StandInPowerProfiles : public QObject {
@@ -39,26 +38,23 @@ public:
     QString activeProfile() const { return QStringLiteral("power-saver"); }
 };
 
-// A private bus of our own: its address and the daemon's process id.
-struct PrivateBus {
-    QString address;
-    pid_t pid = 0;
-};
-
-PrivateBus startBus()
+// A private dbus-daemon of our own, ended with the process object; returns its address.
+QString startBus(QProcess &daemon)
 {
-    QProcess daemon;
-    daemon.start(QStringLiteral("dbus-daemon"), {"--session", "--fork", "--print-address=1", "--print-pid=1"});
-    daemon.waitForFinished(10000);
-    const QStringList lines = QString::fromUtf8(daemon.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    if (lines.size() != 2)
-        return {};
-    return {lines.at(0).trimmed(), pid_t(lines.at(1).trimmed().toLongLong())};
+    daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
+    return daemon.waitForReadyRead(10000) ? QString::fromUtf8(daemon.readLine()).trimmed() : QString();
 }
 
-QVariantList propertiesChanged(const QString &interface, const QString &property, const QVariant &value)
+QVariantList changed(const QString &interface, const QString &property, const QVariant &value)
 {
     return {interface, QVariantMap{{property, value}}, QStringList{}};
+}
+
+bool emitSignal(const QString &path, const QString &interface, const QString &member, const QVariantList &args)
+{
+    QDBusMessage message = QDBusMessage::createSignal(path, interface, member);
+    message.setArguments(args);
+    return QDBusConnection(QStringLiteral("stand-ins")).send(message);
 }
 
 } // namespace
@@ -66,141 +62,96 @@ QVariantList propertiesChanged(const QString &interface, const QString &property
 class ActivityBusTest : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void lowPowerFollowsTheProfile();
-    void signalsCloseAndOpenTheGate_data();
-    void signalsCloseAndOpenTheGate();
-    void missingServicesChangeNothing();
+    void initTestCase()
+    {
+        m_address = startBus(m_daemon);
+        QVERIFY(!m_address.isEmpty());
+        qunsetenv("XDG_SESSION_ID");
+        m_thread.start();
+        m_logind.moveToThread(&m_thread);
+        m_profiles.moveToThread(&m_thread);
+        QDBusConnection services = QDBusConnection::connectToBus(m_address, QStringLiteral("stand-ins"));
+        QVERIFY(services.registerObject("/org/freedesktop/login1", &m_logind, QDBusConnection::ExportAllSlots));
+        QVERIFY(
+            services.registerObject("/net/hadess/PowerProfiles", &m_profiles, QDBusConnection::ExportAllProperties));
+        for (const char *name : {"org.freedesktop.login1", "org.freedesktop.ScreenSaver", "net.hadess.PowerProfiles"})
+            QVERIFY(services.registerService(QString::fromLatin1(name)));
+    }
+    void cleanupTestCase()
+    {
+        QDBusConnection::disconnectFromBus(QStringLiteral("stand-ins"));
+        m_thread.quit();
+        m_thread.wait();
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+    void signalsMoveTheGateAndTier_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("interface");
+        QTest::addColumn<QStringList>("members"); // closing, opening
+        QTest::addColumn<QVariantList>("close");
+        QTest::addColumn<QVariantList>("open");
+        QTest::addColumn<Tier>("closed");
+        const QString session = QStringLiteral("org.freedesktop.login1.Session"), power = "net.hadess.PowerProfiles";
+        const QStringList changes{"PropertiesChanged", "PropertiesChanged"};
+        QTest::newRow("session lock") << kSession << session << QStringList{"Lock", "Unlock"} << QVariantList{}
+                                      << QVariantList{} << Tier::Away;
+        QTest::newRow("locked hint") << kSession << kProps << changes << changed(session, "LockedHint", true)
+                                     << changed(session, "LockedHint", false) << Tier::Away;
+        QTest::newRow("sleep") << "/org/freedesktop/login1"
+                               << "org.freedesktop.login1.Manager" << QStringList{"PrepareForSleep", "PrepareForSleep"}
+                               << QVariantList{true} << QVariantList{false} << Tier::Away;
+        QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver"
+                                      << "org.freedesktop.ScreenSaver" << QStringList{"ActiveChanged", "ActiveChanged"}
+                                      << QVariantList{true} << QVariantList{false} << Tier::Away;
+        QTest::newRow("power saver") << "/net/hadess/PowerProfiles" << kProps << changes
+                                     << changed(power, "ActiveProfile", "power-saver")
+                                     << changed(power, "ActiveProfile", "balanced") << Tier::Idle;
+    }
+    void signalsMoveTheGateAndTier()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, interface);
+        QFETCH(QStringList, members);
+        QFETCH(QVariantList, close);
+        QFETCH(QVariantList, open);
+        QFETCH(Tier, closed);
+        QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("sources"));
+        auto *power = closed == Tier::Idle ? new PowerProfilesLowPower(bus) : nullptr;
+        test::FakeClock clock;
+        AppActivity activity({new LinuxDisplayState(bus, bus), power, nullptr}, {});
+        IslandScheduler scheduler(clock, activity, nullptr);
+        scheduler.schedule({QStringLiteral("island.fullscreen"), 10, 30, {}, [] {}});
+        activity.setSummonShowing(true);
+        QCOMPARE(activity.islandAnimating(), !power); // the power profile is read at creation: power-saver
+        for (bool opening : {true, false, true}) {
+            QVERIFY(emitSignal(path, interface, members[opening], opening ? open : close));
+            QTRY_COMPARE(activity.islandAnimating(), opening);
+            QCOMPARE(scheduler.tier(), opening ? Tier::Active : closed);
+        }
+    }
+    void missingServicesChangeNothing()
+    {
+        QProcess daemon;
+        const QDBusConnection empty = QDBusConnection::connectToBus(startBus(daemon), QStringLiteral("empty"));
+        const QDBusConnection none = QDBusConnection::connectToBus("unix:path=/nonexistent/bus", "none");
+        QVERIFY(empty.isConnected() && !none.isConnected());
+        for (const QDBusConnection &connection : {empty, none}) {
+            QVERIFY(LinuxDisplayState(connection, connection).sessionPath().isEmpty());
+            QVERIFY(!PowerProfilesLowPower(connection).isLowPower());
+        }
+        daemon.kill();
+        daemon.waitForFinished();
+    }
 
 private:
-    void emitSignal(const QString &path, const QString &interface, const QString &member, const QVariantList &args);
-
-    PrivateBus m_bus;
-    QThread m_serviceThread;
+    QProcess m_daemon;
+    QString m_address;
+    QThread m_thread;
     StandInLogind m_logind;
     StandInPowerProfiles m_profiles;
 };
-
-void ActivityBusTest::initTestCase()
-{
-    m_bus = startBus();
-    QVERIFY(m_bus.pid > 0);
-    qunsetenv("XDG_SESSION_ID");
-
-    m_serviceThread.start();
-    m_logind.moveToThread(&m_serviceThread);
-    m_profiles.moveToThread(&m_serviceThread);
-    QDBusConnection services = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("stand-ins"));
-    QVERIFY(services.isConnected());
-    QVERIFY(services.registerObject("/org/freedesktop/login1", &m_logind, QDBusConnection::ExportAllSlots));
-    QVERIFY(services.registerObject("/net/hadess/PowerProfiles", &m_profiles, QDBusConnection::ExportAllProperties));
-    for (const char *name : {"org.freedesktop.login1", "org.freedesktop.ScreenSaver", "net.hadess.PowerProfiles"})
-        QVERIFY(services.registerService(QString::fromLatin1(name)));
-}
-
-void ActivityBusTest::cleanupTestCase()
-{
-    QDBusConnection::disconnectFromBus(QStringLiteral("stand-ins"));
-    m_serviceThread.quit();
-    m_serviceThread.wait();
-    if (m_bus.pid > 0)
-        ::kill(m_bus.pid, SIGTERM);
-}
-
-void ActivityBusTest::emitSignal(const QString &path, const QString &interface, const QString &member,
-                                 const QVariantList &args)
-{
-    QDBusMessage message = QDBusMessage::createSignal(path, interface, member);
-    message.setArguments(args);
-    QVERIFY(QDBusConnection(QStringLiteral("stand-ins")).send(message));
-}
-
-void ActivityBusTest::lowPowerFollowsTheProfile()
-{
-    QDBusConnection bus = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("power"));
-    test::FakeClock clock;
-    AppActivity activity({nullptr, new PowerProfilesLowPower(bus), nullptr}, {});
-    IslandScheduler scheduler(clock, activity, nullptr);
-    scheduler.schedule({QStringLiteral("island.clipboard"), 0.7, 3, {}, [] {}});
-    QVERIFY(activity.lowPower());
-    QCOMPARE(scheduler.tier(), Tier::Idle);
-
-    const QString iface = QStringLiteral("net.hadess.PowerProfiles");
-    emitSignal("/net/hadess/PowerProfiles", "org.freedesktop.DBus.Properties", "PropertiesChanged",
-               propertiesChanged(iface, "ActiveProfile", "balanced"));
-    QTRY_VERIFY(!activity.lowPower());
-    QCOMPARE(scheduler.tier(), Tier::Active);
-    emitSignal("/net/hadess/PowerProfiles", "org.freedesktop.DBus.Properties", "PropertiesChanged",
-               propertiesChanged(iface, "ActiveProfile", "power-saver"));
-    QTRY_COMPARE(scheduler.tier(), Tier::Idle);
-}
-
-void ActivityBusTest::signalsCloseAndOpenTheGate_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("interface");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QVariantList>("lost");
-    QTest::addColumn<QVariantList>("back");
-    const QString session = QStringLiteral("org.freedesktop.login1.Session");
-    QTest::newRow("session lock") << kSessionPath << session << "Lock" << QVariantList{} << QVariantList{};
-    QTest::newRow("locked hint") << kSessionPath << "org.freedesktop.DBus.Properties"
-                                 << "PropertiesChanged" << propertiesChanged(session, "LockedHint", true)
-                                 << propertiesChanged(session, "LockedHint", false);
-    QTest::newRow("sleep") << "/org/freedesktop/login1"
-                           << "org.freedesktop.login1.Manager"
-                           << "PrepareForSleep" << QVariantList{true} << QVariantList{false};
-    QTest::newRow("screen saver") << "/org/freedesktop/ScreenSaver"
-                                  << "org.freedesktop.ScreenSaver"
-                                  << "ActiveChanged" << QVariantList{true} << QVariantList{false};
-}
-
-void ActivityBusTest::signalsCloseAndOpenTheGate()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, interface);
-    QFETCH(QString, member);
-    QFETCH(QVariantList, lost);
-    QFETCH(QVariantList, back);
-    QDBusConnection bus = QDBusConnection::connectToBus(m_bus.address, QStringLiteral("display"));
-    auto *display = new LinuxDisplayState(bus, bus);
-    QCOMPARE(display->sessionPath(), kSessionPath);
-    test::FakeClock clock;
-    AppActivity activity({display, nullptr, nullptr}, {});
-    IslandScheduler scheduler(clock, activity, nullptr);
-    scheduler.schedule({QStringLiteral("island.fullscreen"), 10, 30, {}, [] {}});
-    activity.setSummonShowing(true);
-    QVERIFY(activity.islandAnimating());
-
-    emitSignal(path, interface, member, lost);
-    QTRY_VERIFY(!activity.displayUsable());
-    QVERIFY(!activity.islandAnimating());
-    QCOMPARE(scheduler.tier(), Tier::Away);
-
-    // A lock answers with Unlock, the rest with the same signal saying false.
-    emitSignal(path, interface, member == "Lock" ? QStringLiteral("Unlock") : member, back);
-    QTRY_VERIFY(activity.displayUsable());
-    QVERIFY(activity.islandAnimating());
-    QCOMPARE(scheduler.tier(), Tier::Active);
-}
-
-void ActivityBusTest::missingServicesChangeNothing()
-{
-    const PrivateBus bus = startBus();
-    QVERIFY(bus.pid > 0);
-    QDBusConnection empty = QDBusConnection::connectToBus(bus.address, QStringLiteral("empty"));
-    QVERIFY(empty.isConnected());
-    const QDBusConnection none = QDBusConnection::connectToBus("unix:path=/nonexistent/bus", "none");
-    QVERIFY(!none.isConnected());
-    for (const QDBusConnection &connection : {empty, none}) {
-        LinuxDisplayState display(connection, connection);
-        PowerProfilesLowPower power(connection);
-        QVERIFY(display.sessionPath().isEmpty());
-        QVERIFY(!power.isLowPower());
-    }
-    ::kill(bus.pid, SIGTERM);
-}
 
 QTEST_GUILESS_MAIN(ActivityBusTest)
 #include "ActivityBusTest.moc"

@@ -7,8 +7,7 @@
 
 namespace vaxo::test {
 
-// Stand-ins for the desktop the animation gate and the scheduler listen to. Tests set values and emit
-// the sources' signals (DisplayStateSource is used as it is: emit displayLost() / displayBack()).
+// Stand-ins for the desktop the gate and the scheduler listen to (DisplayStateSource is used as it is).
 class FakeIdleTime final : public IdleTimeSource {
 public:
     double seconds = 0;
@@ -19,22 +18,14 @@ class FakeLowPower final : public LowPowerSource {
 public:
     bool low = false;
     bool isLowPower() override { return low; }
-    void set(bool value)
-    {
-        low = value;
-        emit powerStateChanged();
-    }
+    void set(bool value) { low = value, emit powerStateChanged(); }
 };
 
 class FakeWindows final : public WindowVisibilitySource {
 public:
     QList<Window> list;
     QList<Window> windows() const override { return list; }
-    void set(const QList<Window> &value)
-    {
-        list = value;
-        emit windowsChanged();
-    }
+    void set(const QList<Window> &value) { list = value, emit windowsChanged(); }
 };
 
 } // namespace vaxo::test
