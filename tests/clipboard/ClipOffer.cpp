@@ -1,8 +1,7 @@
-// Test helper: takes the CLIPBOARD selection with content that xclip cannot offer (several types at
-// once, an image, a password manager's hint), optionally from a focused window of a given class, then
-// prints "ready" and keeps offering until it is killed.
+// Test helper: takes the CLIPBOARD selection with what xclip cannot offer (an image, a password manager's
+// hint), optionally from a focused window of a given class, prints "ready" and offers until it is killed.
+// Arguments: [--text TEXT] [--hint] [--image WxH] [--window CLASS]
 #include <QClipboard>
-#include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
@@ -12,42 +11,31 @@
 
 int main(int argc, char **argv)
 {
-    // The window class must be known before the first window exists: X11 takes WM_CLASS from these.
-    QString windowClass;
-    for (int i = 1; i + 1 < argc; ++i) {
-        if (QByteArray(argv[i]) == "--window")
-            windowClass = QString::fromLocal8Bit(argv[i + 1]);
-    }
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    const auto value = [&](const QString &name) { return args.value(args.indexOf(name) + 1); };
+    const QString windowClass = args.contains("--window") ? value("--window") : QString();
+    // X11 takes WM_CLASS from these: they must be set before the first window exists.
     if (!windowClass.isEmpty()) {
         qputenv("RESOURCE_NAME", windowClass.toLower().toLocal8Bit());
         QCoreApplication::setApplicationName(windowClass);
     }
     QGuiApplication app(argc, argv);
-    QCommandLineParser parser;
-    const QCommandLineOption text(QStringLiteral("text"), QStringLiteral("Plain text to offer."), QStringLiteral("t"));
-    const QCommandLineOption hint(QStringLiteral("hint"), QStringLiteral("Mark it as a password manager's secret."));
-    const QCommandLineOption image(QStringLiteral("image"), QStringLiteral("Offer an image WxH."), QStringLiteral("s"));
-    const QCommandLineOption window(QStringLiteral("window"), QStringLiteral("Copy from a focused window."),
-                                    QStringLiteral("class"));
-    parser.addOptions({text, hint, image, window});
-    parser.process(app);
-
-    auto offer = [&] {
+    const auto offer = [&] {
         auto *data = new QMimeData;
-        if (parser.isSet(text))
-            data->setText(parser.value(text));
-        if (parser.isSet(hint))
+        if (args.contains("--text"))
+            data->setText(value("--text"));
+        if (args.contains("--hint"))
             data->setData(QStringLiteral("x-kde-passwordManagerHint"), "secret");
-        if (parser.isSet(image)) {
-            const QStringList wh = parser.value(image).split(QLatin1Char('x'));
-            QImage picture(wh.value(0).toInt(), wh.value(1).toInt(), QImage::Format_RGB32);
+        if (const QStringList wh = value("--image").split('x'); args.contains("--image") && wh.size() == 2) {
+            QImage picture(wh[0].toInt(), wh[1].toInt(), QImage::Format_RGB32);
             picture.fill(Qt::darkCyan);
             data->setImageData(picture);
         }
         QGuiApplication::clipboard()->setMimeData(data, QClipboard::Clipboard);
         QTextStream(stdout) << "ready" << Qt::endl;
     };
-
     QRasterWindow focused;
     if (windowClass.isEmpty()) {
         QTimer::singleShot(0, offer);
@@ -56,7 +44,6 @@ int main(int argc, char **argv)
             if (w == &focused)
                 offer();
         });
-        focused.setTitle(windowClass);
         focused.resize(200, 120);
         focused.show();
         focused.requestActivate();
