@@ -6,200 +6,97 @@
 #include "TempHome.h"
 
 #include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 #include <QTest>
 
 using namespace vaxo;
 
+// The source over a real folder and a real inotify watch; time moves only by the fake clock.
 class LocalHookSourceTest : public QObject {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void loadingRules();
-    void unlistableFolderYieldsNothing();
-    void startPreparesTheFolderAndStaysQuietWhenEmpty();
-    void burstOfWritesGivesOneReload();
-    void identicalRewriteDeliversNothing();
-    void removingTheLastFileDeliversAnEmptyList();
-    void nothingAfterStop();
+    void watching();
     void unwatchableFolderIsLogged();
-
-private:
-    QString dir() const { return m_home->paths().sessions(); }
-    void writeSession(const QString &id, const QString &status, double updated);
-    void start();
-    // Returns once the watcher has reported the change just made.
-    void waitForEvent();
-
-    std::unique_ptr<test::TempHome> m_home;
-    std::unique_ptr<test::FakeClock> m_clock;
-    std::unique_ptr<LocalHookSource> m_source;
-    FolderWatcher *m_watcher = nullptr;
-    std::unique_ptr<QSignalSpy> m_events;
-    std::unique_ptr<QSignalSpy> m_reloads;
-    QList<QList<AgentSession>> m_delivered;
 };
 
-void LocalHookSourceTest::init()
+void LocalHookSourceTest::watching()
 {
-    m_home = std::make_unique<test::TempHome>();
-    m_clock = std::make_unique<test::FakeClock>();
-    m_watcher = PlatformServices::newFolderWatcher();
-    m_source = std::make_unique<LocalHookSource>(dir(), *m_clock, m_watcher);
-    m_events = std::make_unique<QSignalSpy>(m_watcher, &FolderWatcher::changed);
-    m_reloads = std::make_unique<QSignalSpy>(m_source.get(), &LocalHookSource::reloaded);
-    m_delivered.clear();
-}
-
-void LocalHookSourceTest::cleanup()
-{
-    m_events.reset();
-    m_reloads.reset();
-    m_source.reset();
-}
-
-void LocalHookSourceTest::writeSession(const QString &id, const QString &status, double updated)
-{
-    test::TempHome::replace(dir() + "/" + id + ".json",
-                            QStringLiteral(R"({"id":"%1","agent":"claude","label":"p","status":"%2","updated":%3})")
-                                .arg(id, status)
-                                .arg(updated, 0, 'f', 3)
-                                .toUtf8());
-}
-
-void LocalHookSourceTest::start()
-{
-    m_source->start([this](const QList<AgentSession> &list) { m_delivered << list; });
-}
-
-void LocalHookSourceTest::waitForEvent()
-{
-    const qsizetype before = m_events->size();
-    QTRY_VERIFY_WITH_TIMEOUT(m_events->size() > before, 5000);
-}
-
-void LocalHookSourceTest::loadingRules()
-{
-    const double now = m_clock->now();
-    QDir().mkpath(dir());
-    writeSession("fresh", "working", now - 28800); // exactly at the limit: kept
-    writeSession("stale", "working", now - 28801); // over it: removed from disk
-    test::TempHome::write(dir() + "/ageless.json", R"({"id":"ageless","agent":"c","label":"l","status":"done"})");
-    test::TempHome::write(dir() + "/broken.json", R"({"id":"broken","agent":)");
-    test::TempHome::write(dir() + "/x.json.tmp", R"({"id":"tmp","agent":"c","label":"l","status":"done"})");
-    test::TempHome::write(dir() + "/nolabel.json", R"({"id":"n","agent":"c","status":"done"})");
-    QDir().mkpath(dir() + "/folder.json"); // cannot be read as a file
-
-    SessionDirectory folder(dir());
-    const auto ids = [&] {
-        QStringList ids;
-        const auto list = folder.load(now);
-        for (const auto &s : *list)
-            ids << s.id;
-        return ids;
+    test::TempHome home;
+    test::FakeClock clock;
+    const QString dir = home.paths().sessions();
+    FolderWatcher *watcher = PlatformServices::newFolderWatcher();
+    LocalHookSource source(dir, clock, watcher);
+    QSignalSpy events(watcher, &FolderWatcher::changed);
+    QSignalSpy reloads(&source, &LocalHookSource::reloaded);
+    QList<QList<AgentSession>> delivered;
+    const auto write = [&](double updated) {
+        test::TempHome::replace(dir + "/a.json",
+                                QByteArray(R"({"id":"a","agent":"c","label":"p","status":"working",)") +
+                                    R"("updated":)" + QByteArray::number(updated, 'f', 3) + "}");
     };
-    QCOMPARE(ids(), (QStringList{"fresh", "ageless"}));
-    QVERIFY(!QFile::exists(dir() + "/stale.json"));
-    QVERIFY(QFile::exists(dir() + "/broken.json")); // malformed files stay for the writer to fix
-    QVERIFY(QFile::exists(dir() + "/nolabel.json"));
+    // Returns once the watcher has reported the change just made.
+    const auto waitForEvent = [&] {
+        const qsizetype before = events.size();
+        QTRY_VERIFY_WITH_TIMEOUT(events.size() > before, 5000);
+    };
 
-    // What the folder remembers never hides a rewrite: replaced, rewritten in place, or fixed.
-    test::TempHome::replace(dir() + "/broken.json", R"({"id":"broken","agent":"c","label":"l","status":"waiting"})");
-    QCOMPARE(ids(), (QStringList{"broken", "fresh", "ageless"}));
-    test::TempHome::write(dir() + "/broken.json", R"({"id":"broken","agent":"c","label":"l","status":"working"})");
-    QCOMPARE(ids(), (QStringList{"fresh", "ageless", "broken"}));
-    QFile::remove(dir() + "/fresh.json");
-    QCOMPARE(ids(), (QStringList{"ageless", "broken"}));
-}
+    QDir().mkpath(dir);
+    QFile::setPermissions(dir, QFileDevice::Permissions(0x7755)); // 0755
+    source.start([&](const QList<AgentSession> &list) { delivered << list; });
+    QCOMPARE(test::TempHome::mode(dir), 0700);
+    QVERIFY(QFile::exists(dir + "/.metadata_never_index"));
+    QCOMPARE(delivered.size(), 0); // an empty folder is no change
 
-void LocalHookSourceTest::unlistableFolderYieldsNothing()
-{
-    QVERIFY(!SessionDirectory(dir() + "/missing").load(m_clock->now()));
-    QDir().mkpath(dir());
-    QVERIFY(SessionDirectory(dir()).load(m_clock->now())->isEmpty());
-}
-
-void LocalHookSourceTest::startPreparesTheFolderAndStaysQuietWhenEmpty()
-{
-    QDir().mkpath(dir());
-    QFile::setPermissions(dir(), QFileDevice::Permissions(0x7755)); // 0755
-    start();
-    QCOMPARE(test::TempHome::mode(dir()), 0700);
-    QVERIFY(QFile::exists(dir() + "/.metadata_never_index"));
-    QCOMPARE(m_delivered.size(), 0);
-
-    writeSession("a", "working", m_clock->now());
-    waitForEvent();
-    m_clock->advance(LocalHookSource::kCoalesceDelay);
-    QCOMPARE(m_delivered.size(), 1);
-    QCOMPARE(m_delivered.last().first().id, QStringLiteral("a"));
-}
-
-void LocalHookSourceTest::burstOfWritesGivesOneReload()
-{
-    start();
-    const int reloadsAtStart = int(m_reloads->size());
+    // Ten writes 4 ms apart: one reload, 50 ms after the last, with the last write.
+    const qsizetype reloadsAtStart = reloads.size();
     for (int i = 0; i < 10; ++i) {
-        writeSession(QString::number(i), "working", m_clock->now());
+        write(clock.now());
         waitForEvent();
-        m_clock->advance(0.004);
+        if (i < 9)
+            clock.advance(0.004);
     }
-    m_clock->advance(LocalHookSource::kCoalesceDelay - 0.005); // 0.049 s after the last event
-    QCOMPARE(m_reloads->size(), reloadsAtStart);
-    m_clock->advance(0.002);
-    QCOMPARE(m_reloads->size(), reloadsAtStart + 1);
-    QCOMPARE(m_delivered.size(), 1);
-    QCOMPARE(m_delivered.last().size(), 10);
-}
+    const double last = clock.now();
+    clock.advance(LocalHookSource::kCoalesceDelay - 0.001);
+    QCOMPARE(reloads.size(), reloadsAtStart);
+    clock.advance(0.002);
+    QCOMPARE(reloads.size(), reloadsAtStart + 1);
+    QCOMPARE(delivered.size(), 1);
+    QCOMPARE(delivered.last().first().updated.value(), last); // fuzzy: tells writes 4 ms apart
 
-void LocalHookSourceTest::identicalRewriteDeliversNothing()
-{
-    const double updated = m_clock->now() - 0.5;
-    writeSession("a", "working", updated);
-    start();
-    QCOMPARE(m_delivered.size(), 1);
-    const int reloads = int(m_reloads->size());
-    writeSession("a", "working", updated);
+    write(last); // the same bytes again: a reload, no delivery
     waitForEvent();
-    m_clock->advance(LocalHookSource::kCoalesceDelay);
-    QCOMPARE(m_reloads->size(), reloads + 1);
-    QCOMPARE(m_delivered.size(), 1);
-}
+    clock.advance(LocalHookSource::kCoalesceDelay);
+    QCOMPARE(reloads.size(), reloadsAtStart + 2);
+    QCOMPARE(delivered.size(), 1);
 
-void LocalHookSourceTest::removingTheLastFileDeliversAnEmptyList()
-{
-    writeSession("a", "waiting", m_clock->now());
-    start();
-    QFile::remove(dir() + "/a.json");
+    QFile::remove(dir + "/a.json");
     waitForEvent();
-    m_clock->advance(LocalHookSource::kCoalesceDelay);
-    QCOMPARE(m_delivered.size(), 2);
-    QVERIFY(m_delivered.last().isEmpty());
-}
+    clock.advance(LocalHookSource::kCoalesceDelay);
+    QCOMPARE(delivered.size(), 2);
+    QVERIFY(delivered.last().isEmpty());
 
-void LocalHookSourceTest::nothingAfterStop()
-{
-    start();
-    writeSession("a", "working", m_clock->now());
+    write(clock.now());
     waitForEvent(); // a reload is pending when stop comes
-    m_source->stop();
-    writeSession("b", "working", m_clock->now());
-    QFile::remove(dir() + "/a.json");
+    source.stop();
+    const qsizetype eventsAtStop = events.size();
+    QFile::remove(dir + "/a.json");
     QTest::qWait(50); // give a cancelled watch the chance to misbehave
-    m_clock->advance(1);
-    QCOMPARE(m_delivered.size(), 0);
-    QCOMPARE(m_events->size(), 1);
+    clock.advance(1);
+    QCOMPARE(delivered.size(), 2);
+    QCOMPARE(events.size(), eventsAtStop);
 }
 
 void LocalHookSourceTest::unwatchableFolderIsLogged()
 {
     // A file where the folder's parent should be: the folder can be neither made nor watched.
-    test::TempHome::write(m_home->paths().support, "not a folder");
-    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + dir()));
-    start();
-    QCOMPARE(m_delivered.size(), 0);
+    test::TempHome home;
+    test::FakeClock clock;
+    test::TempHome::write(home.paths().support, "not a folder");
+    LocalHookSource source(home.paths().sessions(), clock, PlatformServices::newFolderWatcher());
+    int calls = 0;
+    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + home.paths().sessions()));
+    source.start([&](const QList<AgentSession> &) { ++calls; });
+    QCOMPARE(calls, 0);
 }
 
 QTEST_GUILESS_MAIN(LocalHookSourceTest)
