@@ -1,9 +1,14 @@
 #include "agents/AgentSession.h"
+#include "agents/LocalHookSource.h"
 #include "agents/SessionDirectory.h"
+#include "platform/FolderWatcher.h"
+#include "platform/PlatformServices.h"
 
+#include "FakeClock.h"
 #include "TempHome.h"
 
 #include <QDir>
+#include <QSignalSpy>
 #include <QTest>
 
 using vaxo::AgentSession;
@@ -17,6 +22,9 @@ private slots:
     void fullRecordRoundTrips();
     void sortOrder();
     void loading();
+    // The source over a real folder and a real inotify watch; time moves only by the fake clock.
+    void watching();
+    void unwatchableFolderIsLogged();
 };
 
 namespace {
@@ -145,6 +153,90 @@ void AgentSessionTest::loading()
     QCOMPARE(ids(*folder.load(now)), (QStringList{"fresh", "ageless", "broken"}));
     QFile::remove(dir + "/fresh.json");
     QCOMPARE(ids(*folder.load(now)), (QStringList{"ageless", "broken"}));
+}
+
+void AgentSessionTest::watching()
+{
+    TempHome home;
+    vaxo::test::FakeClock clock;
+    const QString dir = home.paths().sessions();
+    vaxo::FolderWatcher *watcher = vaxo::PlatformServices::newFolderWatcher();
+    vaxo::LocalHookSource source(dir, clock, watcher);
+    QSignalSpy events(watcher, &vaxo::FolderWatcher::changed);
+    QSignalSpy reloads(&source, &vaxo::LocalHookSource::reloaded);
+    QList<QList<AgentSession>> delivered;
+    const auto write = [&](double updated) {
+        TempHome::replace(dir + "/a.json", QByteArray(R"({"id":"a","agent":"c","label":"p","status":"working",)") +
+                                               R"("updated":)" + QByteArray::number(updated, 'f', 3) + "}");
+    };
+    // Returns once the watcher has reported the change just made.
+    const auto waitForEvent = [&] {
+        const qsizetype before = events.size();
+        QTRY_VERIFY_WITH_TIMEOUT(events.size() > before, 5000);
+    };
+
+    QDir().mkpath(dir);
+    QFile::setPermissions(dir, QFileDevice::Permissions(0x7755)); // 0755
+    source.start([&](const QList<AgentSession> &list) { delivered << list; });
+    QCOMPARE(TempHome::mode(dir), 0700);
+    QVERIFY(QFile::exists(dir + "/.metadata_never_index"));
+    QCOMPARE(delivered.size(), 0); // an empty folder is no change
+
+    // Ten writes 4 ms apart: one reload, 50 ms after the last, with the last write.
+    const qsizetype reloadsAtStart = reloads.size();
+    for (int i = 0; i < 10; ++i) {
+        write(clock.now());
+        waitForEvent();
+        if (i < 9)
+            clock.advance(0.004);
+    }
+    const double last = clock.now();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay - 0.001);
+    QCOMPARE(reloads.size(), reloadsAtStart);
+    clock.advance(0.002);
+    QCOMPARE(reloads.size(), reloadsAtStart + 1);
+    QCOMPARE(delivered.size(), 1);
+    QCOMPARE(delivered.last().first().updated.value(), last); // fuzzy: tells writes 4 ms apart
+
+    write(last); // the same bytes again: a reload, no delivery
+    waitForEvent();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay);
+    QCOMPARE(reloads.size(), reloadsAtStart + 2);
+    QCOMPARE(delivered.size(), 1);
+
+    QFile::remove(dir + "/a.json");
+    waitForEvent();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay);
+    QCOMPARE(delivered.size(), 2);
+    QVERIFY(delivered.last().isEmpty());
+
+    write(clock.now());
+    waitForEvent(); // a reload is pending when stop comes
+    source.stop();
+    const qsizetype eventsAtStop = events.size();
+    // A second watch sees the removal: by then a cancelled one would have reported it too.
+    std::unique_ptr<vaxo::FolderWatcher> witness(vaxo::PlatformServices::newFolderWatcher());
+    QSignalSpy seen(witness.get(), &vaxo::FolderWatcher::changed);
+    QVERIFY(witness->watch(dir));
+    QFile::remove(dir + "/a.json");
+    QTRY_VERIFY_WITH_TIMEOUT(!seen.isEmpty(), 5000);
+    QCoreApplication::processEvents();
+    clock.advance(1);
+    QCOMPARE(delivered.size(), 2);
+    QCOMPARE(events.size(), eventsAtStop);
+}
+
+void AgentSessionTest::unwatchableFolderIsLogged()
+{
+    // A file where the folder's parent should be: the folder can be neither made nor watched.
+    TempHome home;
+    vaxo::test::FakeClock clock;
+    TempHome::write(home.paths().support, "not a folder");
+    vaxo::LocalHookSource source(home.paths().sessions(), clock, vaxo::PlatformServices::newFolderWatcher());
+    int calls = 0;
+    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + home.paths().sessions()));
+    source.start([&](const QList<AgentSession> &) { ++calls; });
+    QCOMPARE(calls, 0);
 }
 
 QTEST_GUILESS_MAIN(AgentSessionTest)
