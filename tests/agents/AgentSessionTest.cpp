@@ -1,9 +1,18 @@
 #include "agents/AgentSession.h"
+#include "agents/LocalHookSource.h"
 #include "agents/SessionDirectory.h"
+#include "platform/FolderWatcher.h"
+#include "platform/PlatformServices.h"
 
+#include "FakeClock.h"
+#include "TempHome.h"
+
+#include <QDir>
+#include <QSignalSpy>
 #include <QTest>
 
 using vaxo::AgentSession;
+using vaxo::test::TempHome;
 
 class AgentSessionTest : public QObject {
     Q_OBJECT
@@ -11,104 +20,99 @@ private slots:
     void decoding_data();
     void decoding();
     void fullRecordRoundTrips();
-    void answerable_data();
-    void answerable();
     void sortOrder();
+    void loading();
+    // The source over a real folder and a real inotify watch; time moves only by the fake clock.
+    void watching();
+    void unwatchableFolderIsLogged();
 };
 
 namespace {
-const QByteArray kMinimal = R"("id":"a","agent":"claude","label":"proj","status":"working")";
-QByteArray object(const QByteArray &extra = {})
+// "@" stands for the required keys but status.
+QByteArray rec(const QByteArray &text)
 {
-    return "{" + kMinimal + (extra.isEmpty() ? QByteArray() : "," + extra) + "}";
+    return QByteArray(text).replace("@", R"("id":"a","agent":"c","label":"l")");
+}
+QStringList ids(const QList<AgentSession> &list)
+{
+    QStringList ids;
+    for (const auto &s : list)
+        ids << s.id;
+    return ids;
 }
 } // namespace
 
 void AgentSessionTest::decoding_data()
 {
+    QTest::addColumn<int>("expected"); // -1 rejected, 0 accepted, 1 accepted and answerable
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("minimal") << object() << true;
-    QTest::newRow("all optional null") << object(R"("started":null,"updated":null,"tasks":null,"ask_id":null)") << true;
-    QTest::newRow("unknown keys ignored") << object(R"("colour":[1,2],"x":{})") << true;
-    QTest::newRow("integer times") << object(R"("started":10,"updated":2000000000)") << true;
-    QTest::newRow("counts written as 3.0")
-        << object(R"("tasks":{"done":3.0,"in_progress":0,"open":1,"items":[]})") << true;
-    QTest::newRow("not json") << QByteArray("{\"id\":") << false;
-    QTest::newRow("array") << QByteArray("[]") << false;
-    QTest::newRow("empty") << QByteArray() << false;
-    QTest::newRow("missing label") << QByteArray(R"({"id":"a","agent":"c","status":"working"})") << false;
-    QTest::newRow("null status") << QByteArray(R"({"id":"a","agent":"c","label":"l","status":null})") << false;
-    QTest::newRow("numeric id") << QByteArray(R"({"id":1,"agent":"c","label":"l","status":"working"})") << false;
-    QTest::newRow("text as number") << object(R"("cwd":5)") << false;
-    QTest::newRow("updated as text") << object(R"("updated":"5")") << false;
-    QTest::newRow("started as bool") << object(R"("started":true)") << false;
-    QTest::newRow("tasks without open") << object(R"("tasks":{"done":1,"in_progress":0,"items":[]})") << false;
-    QTest::newRow("tasks not object") << object(R"("tasks":[])") << false;
-    QTest::newRow("fractional count") << object(R"("tasks":{"done":1.5,"in_progress":0,"open":0,"items":[]})") << false;
-    QTest::newRow("item without status")
-        << object(R"("tasks":{"done":0,"in_progress":0,"open":1,"items":[{"subject":"x"}]})") << false;
-    QTest::newRow("item not object") << object(R"("tasks":{"done":0,"in_progress":0,"open":1,"items":["x"]})") << false;
+    // One row a line: name | expected | bytes.
+    const char *table = R"(
+minimal               |  0 | {@,"status":"working"}
+nulls, unknown keys   |  0 | {@,"status":"working","started":null,"tasks":null,"ask_id":null,"x":[1]}
+integers, 3.0 counts  |  0 | {@,"status":"working","updated":2000000000,"tasks":{"done":3.0,"in_progress":0,"open":1,"items":[]}}
+not json              | -1 | {"id":
+array                 | -1 | []
+empty                 | -1 |
+missing label         | -1 | {"id":"a","agent":"c","status":"working"}
+numeric id            | -1 | {"id":1,"agent":"c","label":"l","status":"working"}
+null status           | -1 | {@,"status":null}
+text as number        | -1 | {@,"status":"working","cwd":5}
+updated as text       | -1 | {@,"status":"working","updated":"5"}
+started as bool       | -1 | {@,"status":"working","started":true}
+tasks not object      | -1 | {@,"status":"working","tasks":[]}
+tasks without open    | -1 | {@,"status":"working","tasks":{"done":1,"in_progress":0,"items":[]}}
+fractional count      | -1 | {@,"status":"working","tasks":{"done":1.5,"in_progress":0,"open":0,"items":[]}}
+item without status   | -1 | {@,"status":"working","tasks":{"done":0,"in_progress":0,"open":1,"items":[{"subject":"x"}]}}
+item not object       | -1 | {@,"status":"working","tasks":{"done":0,"in_progress":0,"open":1,"items":["x"]}}
+waiting with id       |  1 | {@,"status":"waiting","ask_id":"t"}
+waiting, empty id     |  0 | {@,"status":"waiting","ask_id":""}
+waiting, no id        |  0 | {@,"status":"waiting"}
+capital W             |  0 | {@,"status":"Waiting","ask_id":"t"}
+working with id       |  0 | {@,"status":"working","ask_id":"t"})";
+    for (const QByteArray &line : QByteArray(table).trimmed().split('\n')) {
+        const QList<QByteArray> cells = line.split('|');
+        QTest::newRow(cells[0].trimmed().constData()) << cells[1].trimmed().toInt() << rec(cells[2].trimmed());
+    }
 }
 
 void AgentSessionTest::decoding()
 {
+    QFETCH(int, expected);
     QFETCH(QByteArray, bytes);
-    QFETCH(bool, accepted);
-    QCOMPARE(AgentSession::decode(bytes).has_value(), accepted);
+    const auto s = AgentSession::decode(bytes);
+    QCOMPARE(s.has_value(), expected >= 0);
+    if (s)
+        QCOMPARE(s->isAnswerable(), expected == 1);
 }
 
 void AgentSessionTest::fullRecordRoundTrips()
 {
-    const QByteArray bytes = R"({"id":"s1","agent":"codex","label":"p","status":"odd","started":1.5,"updated":2.25,
-        "last_prompt":"fix it","last_action":"Bash ls","waiting_for":"w","cwd":"/p","host_bundle":"h",
+    const auto s = AgentSession::decode(R"({"id":"s1","agent":"codex","label":"p","status":"odd","started":1.5,
+        "updated":2.25,"last_prompt":"fix it","last_action":"Bash ls","waiting_for":"w","cwd":"/p","host_bundle":"h",
         "term_app":"kitty","term_session":"ts","tty":"/dev/pts/3","ask_tool":"Bash","ask_target":"rm x","ask_id":"t1",
-        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]}})";
-    const auto s = AgentSession::decode(bytes);
+        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]}})");
     QVERIFY(s);
-    QCOMPARE(s->status, QStringLiteral("odd"));
+    QCOMPARE(s->status, "odd");
     QCOMPARE(s->updated, 2.25);
-    QCOMPARE(*s->askTarget, QStringLiteral("rm x"));
+    QCOMPARE(*s->askTarget, "rm x");
     QCOMPARE(s->tasks->inProgress, 2);
-    QCOMPARE(s->tasks->items.first().status, QStringLiteral("completed"));
-
-    const QByteArray encoded = s->encode();
-    QCOMPARE(AgentSession::decode(encoded), s);
-    const auto minimal = AgentSession::decode(object());
-    QVERIFY(minimal->encode().contains("\"ask_id\":null")); // every key is written, null when empty
-
-    // Equality covers every field, task items included.
-    AgentSession other = *s;
-    other.tasks->items[0].subject = QStringLiteral("b");
+    QCOMPARE(s->tasks->items.first().status, "completed");
+    QCOMPARE(AgentSession::decode(s->encode()), s);
+    QVERIFY(AgentSession::decode(rec(R"({@,"status":"done"})"))
+                ->encode()
+                .contains("\"ask_id\":null")); // every key, null when empty
+    AgentSession other = *s;                   // equality covers every field, task items included
+    other.tasks->items[0].subject = "b";
     QVERIFY(other != *s);
-}
-
-void AgentSessionTest::answerable_data()
-{
-    QTest::addColumn<QByteArray>("extra");
-    QTest::addColumn<bool>("answerable");
-    QTest::newRow("waiting with id") << QByteArray(R"("status":"waiting","ask_id":"t")") << true;
-    QTest::newRow("empty id") << QByteArray(R"("status":"waiting","ask_id":"")") << false;
-    QTest::newRow("no id") << QByteArray(R"("status":"waiting")") << false;
-    QTest::newRow("capital W") << QByteArray(R"("status":"Waiting","ask_id":"t")") << false;
-    QTest::newRow("working with id") << QByteArray(R"("status":"working","ask_id":"t")") << false;
-}
-
-void AgentSessionTest::answerable()
-{
-    QFETCH(QByteArray, extra);
-    QFETCH(bool, answerable);
-    const auto s = AgentSession::decode(R"({"id":"a","agent":"c","label":"l",)" + extra + "}");
-    QVERIFY(s);
-    QCOMPARE(s->isAnswerable(), answerable);
 }
 
 void AgentSessionTest::sortOrder()
 {
     auto make = [](const char *id, const char *status, std::optional<double> updated) {
         AgentSession s;
-        s.id = QString::fromLatin1(id);
-        s.status = QString::fromLatin1(status);
+        s.id = id;
+        s.status = status;
         s.updated = updated;
         return s;
     };
@@ -117,10 +121,122 @@ void AgentSessionTest::sortOrder()
         make("wait-10", "waiting", 10),      make("wait-20", "waiting", 20),      make("tie-2", "done", 5),
         make("new-working", "working", 3e9)};
     vaxo::SessionDirectory::sort(list);
-    QStringList ids;
-    for (const auto &s : list)
-        ids << s.id;
-    QCOMPARE(ids, (QStringList{"wait-20", "wait-10", "no-time-wait", "new-working", "old-working", "tie-1", "tie-2"}));
+    QCOMPARE(ids(list),
+             (QStringList{"wait-20", "wait-10", "no-time-wait", "new-working", "old-working", "tie-1", "tie-2"}));
+}
+
+void AgentSessionTest::loading()
+{
+    TempHome home;
+    const QString dir = home.paths().sessions();
+    const double now = 1'700'000'000;
+    auto file = [&](const QString &name, const QByteArray &bytes) { TempHome::write(dir + "/" + name, bytes); };
+    QVERIFY(!vaxo::SessionDirectory(dir).load(now)); // the folder cannot be listed
+    file("fresh.json",
+         R"({"id":"fresh","agent":"c","label":"l","status":"done","updated":1699971200})"); // 28800 s: kept
+    file("stale.json", R"({"id":"stale","agent":"c","label":"l","status":"done","updated":1699971199})");
+    file("ageless.json", R"({"id":"ageless","agent":"c","label":"l","status":"done"})");
+    file("broken.json", R"({"id":"broken","agent":)");
+    file("x.json.tmp", R"({"id":"tmp","agent":"c","label":"l","status":"done"})");
+    file("nolabel.json", R"({"id":"n","agent":"c","status":"done"})");
+    QDir().mkpath(dir + "/folder.json"); // cannot be read as a file
+
+    vaxo::SessionDirectory folder(dir);
+    QCOMPARE(ids(*folder.load(now)), (QStringList{"fresh", "ageless"}));
+    QVERIFY(!QFile::exists(dir + "/stale.json"));
+    QVERIFY(QFile::exists(dir + "/broken.json") && QFile::exists(dir + "/nolabel.json")); // left for the writer
+
+    // What the folder remembers never hides a rewrite: replaced, rewritten in place, or removed.
+    TempHome::replace(dir + "/broken.json", R"({"id":"broken","agent":"c","label":"l","status":"waiting"})");
+    QCOMPARE(ids(*folder.load(now)), (QStringList{"broken", "fresh", "ageless"}));
+    file("broken.json", R"({"id":"broken","agent":"c","label":"l","status":"working"})");
+    QCOMPARE(ids(*folder.load(now)), (QStringList{"fresh", "ageless", "broken"}));
+    QFile::remove(dir + "/fresh.json");
+    QCOMPARE(ids(*folder.load(now)), (QStringList{"ageless", "broken"}));
+}
+
+void AgentSessionTest::watching()
+{
+    TempHome home;
+    vaxo::test::FakeClock clock;
+    const QString dir = home.paths().sessions();
+    vaxo::FolderWatcher *watcher = vaxo::PlatformServices::newFolderWatcher();
+    vaxo::LocalHookSource source(dir, clock, watcher);
+    QSignalSpy events(watcher, &vaxo::FolderWatcher::changed);
+    QSignalSpy reloads(&source, &vaxo::LocalHookSource::reloaded);
+    QList<QList<AgentSession>> delivered;
+    const auto write = [&](double updated) {
+        TempHome::replace(dir + "/a.json", QByteArray(R"({"id":"a","agent":"c","label":"p","status":"working",)") +
+                                               R"("updated":)" + QByteArray::number(updated, 'f', 3) + "}");
+    };
+    // Returns once the watcher has reported the change just made.
+    const auto waitForEvent = [&] {
+        const qsizetype before = events.size();
+        QTRY_VERIFY_WITH_TIMEOUT(events.size() > before, 5000);
+    };
+
+    QDir().mkpath(dir);
+    QFile::setPermissions(dir, QFileDevice::Permissions(0x7755)); // 0755
+    source.start([&](const QList<AgentSession> &list) { delivered << list; });
+    QCOMPARE(TempHome::mode(dir), 0700);
+    QVERIFY(QFile::exists(dir + "/.metadata_never_index"));
+    QCOMPARE(delivered.size(), 0); // an empty folder is no change
+
+    // Ten writes 4 ms apart: one reload, 50 ms after the last, with the last write.
+    const qsizetype reloadsAtStart = reloads.size();
+    for (int i = 0; i < 10; ++i) {
+        write(clock.now());
+        waitForEvent();
+        if (i < 9)
+            clock.advance(0.004);
+    }
+    const double last = clock.now();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay - 0.001);
+    QCOMPARE(reloads.size(), reloadsAtStart);
+    clock.advance(0.002);
+    QCOMPARE(reloads.size(), reloadsAtStart + 1);
+    QCOMPARE(delivered.size(), 1);
+    QCOMPARE(delivered.last().first().updated.value(), last); // fuzzy: tells writes 4 ms apart
+
+    write(last); // the same bytes again: a reload, no delivery
+    waitForEvent();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay);
+    QCOMPARE(reloads.size(), reloadsAtStart + 2);
+    QCOMPARE(delivered.size(), 1);
+
+    QFile::remove(dir + "/a.json");
+    waitForEvent();
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay);
+    QCOMPARE(delivered.size(), 2);
+    QVERIFY(delivered.last().isEmpty());
+
+    write(clock.now());
+    waitForEvent(); // a reload is pending when stop comes
+    source.stop();
+    const qsizetype eventsAtStop = events.size();
+    // A second watch sees the removal: by then a cancelled one would have reported it too.
+    std::unique_ptr<vaxo::FolderWatcher> witness(vaxo::PlatformServices::newFolderWatcher());
+    QSignalSpy seen(witness.get(), &vaxo::FolderWatcher::changed);
+    QVERIFY(witness->watch(dir));
+    QFile::remove(dir + "/a.json");
+    QTRY_VERIFY_WITH_TIMEOUT(!seen.isEmpty(), 5000);
+    QCoreApplication::processEvents();
+    clock.advance(1);
+    QCOMPARE(delivered.size(), 2);
+    QCOMPARE(events.size(), eventsAtStop);
+}
+
+void AgentSessionTest::unwatchableFolderIsLogged()
+{
+    // A file where the folder's parent should be: the folder can be neither made nor watched.
+    TempHome home;
+    vaxo::test::FakeClock clock;
+    TempHome::write(home.paths().support, "not a folder");
+    vaxo::LocalHookSource source(home.paths().sessions(), clock, vaxo::PlatformServices::newFolderWatcher());
+    int calls = 0;
+    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + home.paths().sessions()));
+    source.start([&](const QList<AgentSession> &) { ++calls; });
+    QCOMPARE(calls, 0);
 }
 
 QTEST_GUILESS_MAIN(AgentSessionTest)

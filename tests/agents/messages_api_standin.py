@@ -1,52 +1,29 @@
 #!/usr/bin/python3
-"""A small stand-in for the Messages API, for driving Claude Code offline in tests.
+"""A stand-in for the Messages API, for driving Claude Code offline in tests.
 
-Listens on 127.0.0.1 on a free port and prints that port on the first line of standard output.
-POST /v1/messages answers as a streamed (server-sent events) or plain message:
-- a request that offers the Bash tool and whose last user text has a line "RUN: <command>" gets a
-  Bash tool call with that command;
-- any other request gets a text: "Done." after a tool result, else "Hello.". Before it answers, it
-  waits (up to two minutes each) until every file named on a "HOLD: <path>" line of the user's
-  texts exists, so that a test can look at a turn while it is under way.
-Every other path answers 404. Each request's method and path is logged on standard error.
+Prints its 127.0.0.1 port on the first line. POST /v1/messages answers (streamed or plain): a Bash
+tool call with the command of a "RUN: <command>" line of the last user text when Bash is offered;
+else "Done." after a tool result or "Hello.", once every file named on a "HOLD: <path>" line of the
+user's texts exists (up to two minutes each). Other paths: 404. Requests are logged on stderr.
 """
 import http.server
+import itertools
 import json
-import sys
 import os
-import threading
+import sys
 import time
 
-counter = 0
-lock = threading.Lock()
-
-
-def next_id(prefix):
-    global counter
-    with lock:
-        counter += 1
-        return "%s_%024d" % (prefix, counter)
+ids = itertools.count(1)
 
 
 def user_texts(message):
     content = message.get("content")
-    if isinstance(content, str):
-        return [content]
-    blocks = content if isinstance(content, list) else []
+    blocks = [{"type": "text", "text": content}] if isinstance(content, str) else content or []
     return [b.get("text", "") for b in blocks if isinstance(b, dict) and b.get("type") == "text"]
 
 
-def marked_lines(texts, mark):
+def marked(texts, mark):
     return [line.split(mark, 1)[1].strip() for text in texts for line in text.splitlines() if mark in line]
-
-
-def hold(body):
-    """Waits for every gate named in the conversation, up to two minutes each."""
-    users = [m for m in body.get("messages") or [] if isinstance(m, dict) and m.get("role") == "user"]
-    for gate in marked_lines([t for m in users for t in user_texts(m)], "HOLD:"):
-        deadline = time.monotonic() + 120
-        while not os.path.exists(gate) and time.monotonic() < deadline:
-            time.sleep(0.05)
 
 
 def reply_blocks(body):
@@ -55,16 +32,19 @@ def reply_blocks(body):
     content = last.get("content") if isinstance(last.get("content"), list) else []
     answered = any(isinstance(b, dict) and b.get("type") == "tool_result" for b in content)
     tools = {t.get("name") for t in body.get("tools") or [] if isinstance(t, dict)}
-    commands = marked_lines(user_texts(last), "RUN:")
+    commands = marked(user_texts(last), "RUN:")
     if not answered and commands and "Bash" in tools:
-        return [{"type": "tool_use", "id": next_id("toolu"), "name": "Bash",
+        return [{"type": "tool_use", "id": "toolu_%024d" % next(ids), "name": "Bash",
                  "input": {"command": commands[-1], "description": "Run a command"}}]
-    hold(body)
+    for gate in marked([t for m in users for t in user_texts(m)], "HOLD:"):
+        deadline = time.monotonic() + 120
+        while not os.path.exists(gate) and time.monotonic() < deadline:
+            time.sleep(0.05)
     return [{"type": "text", "text": "Done." if answered else "Hello."}]
 
 
 def message(body, blocks):
-    return {"id": next_id("msg"), "type": "message", "role": "assistant",
+    return {"id": "msg_%024d" % next(ids), "type": "message", "role": "assistant",
             "model": body.get("model", "stand-in"), "content": blocks,
             "stop_reason": "tool_use" if blocks[0]["type"] == "tool_use" else "end_turn",
             "stop_sequence": None, "usage": {"input_tokens": 10, "output_tokens": 5}}
@@ -76,18 +56,14 @@ def events(body, blocks):
     yield "message_start", {"type": "message_start", "message": start}
     for index, block in enumerate(blocks):
         if block["type"] == "text":
-            yield "content_block_start", {"type": "content_block_start", "index": index,
-                                          "content_block": {"type": "text", "text": ""}}
-            delta = {"type": "text_delta", "text": block["text"]}
+            first, delta = {"type": "text", "text": ""}, {"type": "text_delta", "text": block["text"]}
         else:
-            yield "content_block_start", {"type": "content_block_start", "index": index,
-                                          "content_block": dict(block, input={})}
-            delta = {"type": "input_json_delta", "partial_json": json.dumps(block["input"])}
+            first, delta = dict(block, input={}), {"type": "input_json_delta", "partial_json": json.dumps(block["input"])}
+        yield "content_block_start", {"type": "content_block_start", "index": index, "content_block": first}
         yield "content_block_delta", {"type": "content_block_delta", "index": index, "delta": delta}
         yield "content_block_stop", {"type": "content_block_stop", "index": index}
-    yield "message_delta", {"type": "message_delta",
-                            "delta": {"stop_reason": msg["stop_reason"], "stop_sequence": None},
-                            "usage": {"output_tokens": 5}}
+    yield "message_delta", {"type": "message_delta", "usage": {"output_tokens": 5},
+                            "delta": {"stop_reason": msg["stop_reason"], "stop_sequence": None}}
     yield "message_stop", {"type": "message_stop"}
 
 
@@ -108,8 +84,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.send(404, "application/json", b'{"type":"error","error":{"type":"not_found_error"}}')
 
     def do_POST(self):
-        length = int(self.headers.get("Content-Length") or 0)
-        raw = self.rfile.read(length)
+        raw = self.rfile.read(int(self.headers.get("Content-Length") or 0))
         if self.path.split("?")[0] != "/v1/messages":
             return self.do_GET()
         try:
@@ -119,17 +94,11 @@ class Handler(http.server.BaseHTTPRequestHandler):
         blocks = reply_blocks(body)
         if not body.get("stream"):
             return self.send(200, "application/json", json.dumps(message(body, blocks)).encode())
-        data = "".join("event: %s\ndata: %s\n\n" % (name, json.dumps(payload))
-                       for name, payload in events(body, blocks)).encode()
-        self.send(200, "text/event-stream", data)
+        data = "".join("event: %s\ndata: %s\n\n" % (name, json.dumps(payload)) for name, payload in events(body, blocks))
+        self.send(200, "text/event-stream", data.encode())
 
 
-def main():
-    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-    server.daemon_threads = True
-    print(server.server_address[1], flush=True)
-    server.serve_forever()
-
-
-if __name__ == "__main__":
-    main()
+server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+server.daemon_threads = True
+print(server.server_address[1], flush=True)
+server.serve_forever()

@@ -1,0 +1,499 @@
+#include "FakeClock.h"
+#include "TempHome.h"
+#include "agents/AgentSession.h"
+#include "agents/AskDecision.h"
+#include "agents/HookInstaller.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QTest>
+
+using vaxo::AskDecision;
+using vaxo::HookInstaller;
+using vaxo::test::TempHome;
+
+// The installer, and the hook and reporter it installs run by bash and /usr/bin/python3 on payloads
+// as Claude Code sends them, and the island's side of a permission answer.
+class HookScriptsTest : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void mergeKeepsWhatIsThere_data();
+    void mergeKeepsWhatIsThere();
+    void installOverTime();
+    void events_data();
+    void events();
+    void recordCarriesWhatTheEventDoesNotTouch();
+    void permissionRequestWithoutIdGetsOne();
+    void concurrentEventsNeverLeaveHalfAFile();
+    void terminalComesFromTheNearestAncestorWithOne();
+    void hookEndsQuietlyWithoutItsReporter();
+    void islandAnswers();
+    void decisionFiles_data();
+    void decisionFiles();
+    void reporterWaitsForTheClick();
+    void reporterSurvivesAnyInput_data();
+    void reporterSurvivesAnyInput();
+
+private:
+    struct Run {
+        int code = -1;
+        QByteArray out, err;
+    };
+    QProcessEnvironment environment(const QString &budget = "0") const;
+    Run reporter(const QByteArray &payload, const QString &event) const; // alone, as the hook starts it
+    static Run run(const QStringList &args, const QByteArray &payload, const QProcessEnvironment &env);
+    QJsonObject send(const QString &event, QJsonObject payload, const QProcessEnvironment &extra = {});
+    QString sessions() const { return m_home->paths().sessions(); }
+    QString decisions() const { return m_home->paths().decisions(); }
+    QByteArray settings() const { return TempHome::read(m_installer->settingsFile()); }
+    QString backup(const char *day) const { return m_installer->settingsFile() + ".bak-vaxo-island-" + day; }
+
+    std::unique_ptr<TempHome> m_home;
+    std::unique_ptr<vaxo::test::FakeClock> m_clock;
+    std::unique_ptr<HookInstaller> m_installer;
+};
+
+namespace {
+const QString kSid = QStringLiteral("5f0c3a1e-0000-4000-8000-000000000001");
+const QByteArray kAsk = R"({"tool_name":"Bash","tool_input":{"command":"rm -rf build"},"tool_use_id":"toolu_01"})";
+QJsonObject json(const QString &text)
+{
+    return QJsonDocument::fromJson(text.toUtf8()).object();
+}
+// One row a line: name | cells..., each cell a QByteArray.
+void rows(const QByteArray &table)
+{
+    for (const QByteArray &line : table.trimmed().split('\n')) {
+        const QList<QByteArray> cells = line.split('|');
+        QTestData &row = QTest::newRow(cells[0].trimmed().constData());
+        for (const QByteArray &cell : cells.mid(1))
+            row << cell.trimmed();
+    }
+}
+// Every key of want has its value in record.
+void expectFields(const QJsonObject &record, const QString &want)
+{
+    const QJsonObject fields = json(want);
+    for (auto it = fields.begin(); it != fields.end(); ++it)
+        QCOMPARE(record.value(it.key()), it.value());
+}
+QByteArray decisionOutput(const QByteArray &behavior)
+{
+    return R"({"hookSpecificOutput":{"hookEventName":"PermissionRequest","decision":{"behavior":")" + behavior +
+           "\"}}}\n";
+}
+} // namespace
+
+void HookScriptsTest::init()
+{
+    m_home = std::make_unique<TempHome>();
+    m_clock = std::make_unique<vaxo::test::FakeClock>(1'750'000'000.0); // 2025-06-15 UTC
+    m_installer = std::make_unique<HookInstaller>(m_home->paths(), m_home->root(), *m_clock);
+    m_installer->writeScript();
+}
+
+QProcessEnvironment HookScriptsTest::environment(const QString &budget) const
+{
+    QProcessEnvironment env;
+    env.insert("PATH", "/usr/bin:/bin");
+    env.insert("HOME", m_home->root());
+    env.insert("VAXO_ASK_TIMEOUT", budget);
+    return env;
+}
+
+HookScriptsTest::Run HookScriptsTest::reporter(const QByteArray &payload, const QString &event) const
+{
+    QProcessEnvironment env = environment("0.5");
+    env.insert("VAXO_EVENT", event);
+    env.insert("VAXO_SESSIONS", sessions());
+    env.insert("VAXO_DECISIONS", decisions());
+    return run({"/usr/bin/python3", "-I", "-S", m_home->paths().reporterScript()}, payload, env);
+}
+
+HookScriptsTest::Run HookScriptsTest::run(const QStringList &args, const QByteArray &payload,
+                                          const QProcessEnvironment &env)
+{
+    QProcess process;
+    process.setProcessEnvironment(env);
+    process.start(args.first(), args.mid(1));
+    process.write(payload);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(120'000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QJsonObject HookScriptsTest::send(const QString &event, QJsonObject payload, const QProcessEnvironment &extra)
+{
+    if (!payload.contains("session_id"))
+        payload.insert("session_id", kSid);
+    QProcessEnvironment env = environment();
+    env.insert(extra);
+    const Run result = run({"/bin/bash", m_home->paths().hookScript(), event}, QJsonDocument(payload).toJson(), env);
+    // The hook's standard output is Claude Code's: nothing may appear there but a decision.
+    [&] {
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.out + result.err, QByteArray());
+    }();
+    const QString id = payload.value("session_id").isString() ? payload.value("session_id").toString() : "unknown";
+    const QByteArray written = TempHome::read(sessions() + "/" + id + ".json");
+    if (!written.isEmpty()) // every record written is one the island accepts
+        [&] { QVERIFY2(vaxo::AgentSession::decode(written), written.constData()); }();
+    return json(written);
+}
+
+void HookScriptsTest::mergeKeepsWhatIsThere_data()
+{
+    QTest::addColumn<QByteArray>("before"); // "none": no settings file
+    QTest::addColumn<QByteArray>("rest");   // what the file holds besides our six entries
+    rows(R"(
+no settings file              | none                             | {}
+other tools' hooks beside ours | {"model":"opus","hooks":{"Stop":[{"hooks":[{"command":"other"}]}],"PreToolUse":[{"matcher":"Bash"}]}} | {"model":"opus","hooks":{"Stop":[{"hooks":[{"command":"other"}]}],"PreToolUse":[{"matcher":"Bash"}]}}
+not a JSON object             | [1, 2, 3]                        | {}
+not JSON at all               | {"hooks":                        | {}
+hooks not an object           | {"hooks":"none","env":{"A":"1"}} | {"env":{"A":"1"}}
+event not an array of objects | {"hooks":{"Stop":["echo"]}}      | {})");
+}
+
+void HookScriptsTest::mergeKeepsWhatIsThere()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, rest);
+    QDir().mkpath(m_installer->claudeFolder());
+    if (before == "none")
+        before = QByteArray();
+    else
+        TempHome::write(m_installer->settingsFile(), before);
+    QFile::setPermissions(m_installer->settingsFile(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    QTest::ignoreMessage(QtInfoMsg, "[island] Claude Code hooks installed");
+    m_installer->installIfNeeded();
+
+    // Pretty-printed with sorted keys; ours come last in each event's list, after what was there.
+    QJsonObject after = QJsonDocument::fromJson(settings()).object();
+    QCOMPARE(settings(), QJsonDocument(after).toJson(QJsonDocument::Indented));
+    QJsonObject hooks = after.value("hooks").toObject();
+    for (const QString &event : HookInstaller::events()) {
+        QJsonArray entries = hooks.value(event).toArray();
+        const QJsonObject ours{
+            {"hooks", QJsonArray{QJsonObject{{"type", "command"}, {"command", m_installer->hookCommand(event)}}}}};
+        QCOMPARE(entries.takeAt(entries.size() - 1).toObject(), ours);
+        entries.isEmpty() ? hooks.remove(event) : void(hooks.insert(event, entries));
+    }
+    hooks.isEmpty() ? after.remove("hooks") : void(after.insert("hooks", hooks));
+    QCOMPARE(after, json(rest));
+    QCOMPARE(TempHome::read(backup("2025-06-15")), before); // the file as it was, if there was one
+    if (!before.isNull())
+        QCOMPARE(TempHome::mode(m_installer->settingsFile()), 0600); // the user's own permissions stay
+}
+
+void HookScriptsTest::installOverTime()
+{
+    // Without ~/.claude only the scripts are written.
+    QVERIFY(QFile::remove(m_home->paths().hookScript()));
+    QTest::ignoreMessage(QtInfoMsg, "[island] no ~/.claude \u2014 skipping hook install until Claude Code is set up");
+    m_installer->installIfNeeded();
+    QVERIFY(!QFileInfo::exists(m_installer->claudeFolder()));
+    QCOMPARE(TempHome::mode(m_home->paths().hookScript()), 0755); // Claude Code runs it by its path
+    QCOMPARE(TempHome::read(m_home->paths().reporterScript()),
+             TempHome::read(qEnvironmentVariable("VAXO_SOURCE_DIR") + "/src/agents/scripts/island-report.py"));
+    QCOMPARE(m_installer->hookCommand("Stop"), '"' + m_home->paths().hookScript() + "\" Stop"); // a space in it
+
+    // Claude Code's settings lose our hooks later the same day: the morning's backup stays.
+    for (const char *text : {R"({"first": true})", R"({"second": true})"}) {
+        TempHome::write(m_installer->settingsFile(), text);
+        QVERIFY(m_installer->mergeSettings());
+        m_clock->advance(3600);
+    }
+    QVERIFY(settings().contains("\"second\": true"));
+    QCOMPARE(TempHome::read(backup("2025-06-15")), R"({"first": true})");
+    TempHome::write(m_installer->settingsFile(), R"({"third": true})");
+    m_clock->advance(86400);
+    QVERIFY(m_installer->mergeSettings());
+    QCOMPARE(TempHome::read(backup("2025-06-16")), R"({"third": true})");
+
+    // All six registered by hand in a layout of our own, our command inside a longer one: left alone.
+    QJsonObject hooks;
+    for (const QString &event : HookInstaller::events()) {
+        const QString command = "nice " + m_installer->hookCommand(event);
+        hooks.insert(event, QJsonArray{QJsonObject{{"hooks", QJsonArray{QJsonObject{{"command", command}}}}}});
+    }
+    const QByteArray mine = QJsonDocument(QJsonObject{{"hooks", hooks}}).toJson(QJsonDocument::Compact) + "\n";
+    TempHome::write(m_installer->settingsFile(), mine);
+    m_clock->advance(86400);
+    m_installer->installIfNeeded();
+    QCOMPARE(settings(), mine);
+    QCOMPARE(QDir(m_installer->claudeFolder()).entryList(QDir::Files).size(), 3); // and no third backup
+}
+
+void HookScriptsTest::events_data()
+{
+    QTest::addColumn<QByteArray>("before"); // "ask", "prompt", "tool" or ""
+    QTest::addColumn<QByteArray>("event");
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<QByteArray>("expected"); // fields of the record afterwards; "" for no file at all
+    rows(
+        R"(
+prompt                     |        | UserPromptSubmit  | {"prompt":"fix it"} | {"status":"working","last_prompt":"fix it","waiting_for":null}
+stop                       | tool   | Stop              | {} | {"status":"done","last_action":null,"waiting_for":null}
+permission request         |        | PermissionRequest | )" +
+        kAsk +
+        R"( | {"status":"waiting","waiting_for":"permission","ask_tool":"Bash","ask_target":"rm -rf build","ask_id":"toolu_01"}
+notification with tool     | ask    | Notification      | {"message":"Edit?","tool_name":"Edit","tool_input":{"file_path":"/a.c","url":"x"}} | {"status":"waiting","waiting_for":"Edit?","ask_tool":"Edit","ask_target":"/a.c","ask_id":null}
+bare notification keeps    | ask    | Notification      | {"message":"Allow?","notification_type":"permission_prompt"} | {"status":"waiting","waiting_for":"Allow?","ask_tool":"Bash","ask_target":"rm -rf build","ask_id":"toolu_01"}
+bare notification, working | prompt | Notification      | {} | {"status":"waiting","waiting_for":"needs your answer","ask_tool":null,"ask_id":null}
+tool use clears question   | ask    | PostToolUse       | {"tool_name":"Edit","tool_input":{"command":"c","file_path":"/src/main.c\n"}} | {"status":"working","waiting_for":null,"last_action":"Edit /src/main.c","ask_tool":null,"ask_target":null,"ask_id":null}
+tool use by pattern        |        | PostToolUse       | {"tool_name":"Grep","tool_input":{"pattern":"TODO"}} | {"status":"working","last_action":"Grep TODO"}
+other event drops question | ask    | SubagentStop      | {} | {"status":"waiting","waiting_for":"permission","ask_id":null}
+label from cwd             |        | Stop              | {"cwd":"/home/ada/island/"} | {"label":"island","cwd":"/home/ada/island/"}
+root folder label          |        | Stop              | {"cwd":"/"} | {"label":"session"}
+session end leaves no file | ask    | SessionEnd        | {} |)");
+}
+
+void HookScriptsTest::events()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, event);
+    QFETCH(QByteArray, payload);
+    QFETCH(QByteArray, expected);
+    if (before == "ask")
+        send("PermissionRequest", json(kAsk));
+    else if (before == "prompt")
+        send("UserPromptSubmit", json(R"({"prompt":"p"})"));
+    else if (before == "tool")
+        send("PostToolUse", json(R"({"tool_name":"Read","tool_input":{"path":"a"}})"));
+    const QJsonObject record = send(event, json(payload));
+    if (expected.isEmpty()) // not even a temporary file
+        QCOMPARE(QDir(sessions()).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList());
+    else
+        QCOMPARE(record.keys(), (QStringList{"agent", "ask_id", "ask_target", "ask_tool", "cwd", "host_bundle", "id",
+                                             "label", "last_action", "last_prompt", "started", "status", "tasks",
+                                             "term_app", "term_session", "tty", "updated", "waiting_for"}));
+    expectFields(record, expected);
+}
+
+void HookScriptsTest::recordCarriesWhatTheEventDoesNotTouch()
+{
+    // An earlier writer's fields survive, and the terminal's variables fill what they name.
+    TempHome::write(sessions() + "/" + kSid + ".json", R"({"id":"x","agent":"codex","started":12.5,
+        "tasks":{"done":1,"in_progress":0,"open":2,"items":[]},"cwd":"/w/old","tty":"/dev/pts/9","term_app":"kitty"})");
+    QProcessEnvironment terminal;
+    terminal.insert("TERM_PROGRAM", "WezTerm");
+    terminal.insert("ITERM_SESSION_ID", "w0t1:");
+    terminal.insert("TERM_SESSION_ID", "ABC");
+    const QJsonObject first = send("UserPromptSubmit", {{"prompt", QString(1000, QChar(0xe9))}}, terminal);
+    expectFields(first, R"({"id":")" + kSid + R"(","agent":"codex","started":12.5,"tty":"/dev/pts/9",
+        "tasks":{"done":1,"in_progress":0,"open":2,"items":[]},"term_app":"WezTerm","term_session":"w0t1:ABC"})");
+    QVERIFY(first.value("updated").toDouble() > 1.7e9);
+    QCOMPARE(first.value("cwd").toString(), QDir::currentPath()); // the hook's own folder comes before it
+    QCOMPARE(first.value("last_prompt").toString(), QString(400, QChar(0xe9)));
+
+    // The 300 cuts, and a session without an id.
+    const QString ask = R"({"session_id":null,"message":"%1","tool_name":"Bash","tool_input":{"command":"%2"}})";
+    const QJsonObject asked = send("PermissionRequest", json(ask.arg(QString(500, 'm'), QString(500, 'c'))));
+    expectFields(asked, R"({"id":"unknown","agent":"claude"})");
+    QCOMPARE(asked.value("ask_target").toString(), QString(300, 'c'));
+    QCOMPARE(asked.value("waiting_for").toString(), QString(400, 'm'));
+    const QString act = R"({"session_id":null,"tool_name":"Write","tool_input":{"path":"%1"}})";
+    QCOMPARE(send("PostToolUse", json(act.arg(QString(400, 'p')))).value("last_action").toString(),
+             "Write " + QString(294, 'p'));
+}
+
+void HookScriptsTest::permissionRequestWithoutIdGetsOne()
+{
+    // Claude Code's permission requests carry no tool-call id: the reporter makes one the island can
+    // answer, different for each request; an empty id counts as none.
+    const QJsonObject payload = json(R"({"tool_name":"Bash","tool_input":{"command":"touch f"}})");
+    const QString first = send("PermissionRequest", payload).value("ask_id").toString();
+    const QString second = send("PermissionRequest", payload).value("ask_id").toString();
+    QVERIFY2(QRegularExpression("^perm_[0-9a-f]{24}$").match(first).hasMatch(), qPrintable(first));
+    QVERIFY(second.startsWith("perm_") && second != first);
+    QCOMPARE(AskDecision::sanitised(first), first);
+    QVERIFY(send("PermissionRequest", {{"tool_use_id", ""}}).value("ask_id").toString().startsWith("perm_"));
+}
+
+void HookScriptsTest::concurrentEventsNeverLeaveHalfAFile()
+{
+    // Many hooks for one session at once, with big records: whenever the file is there it is whole.
+    const QString file = sessions() + "/" + kSid + ".json";
+    std::vector<std::unique_ptr<QProcess>> hooks;
+    for (int i = 0; i < 16; ++i) {
+        auto &process = hooks.emplace_back(std::make_unique<QProcess>());
+        process->setProcessEnvironment(environment());
+        process->start("/bin/bash", {m_home->paths().hookScript(), i % 2 ? "UserPromptSubmit" : "PostToolUse"});
+        const QString text(300, QChar('a' + i));
+        process->write(QString(R"({"session_id":"%1","prompt":"%2","tool_name":"Read","tool_input":{"path":"%2"}})")
+                           .arg(kSid, text)
+                           .toUtf8());
+        process->closeWriteChannel();
+    }
+    const auto running = [&] {
+        return std::any_of(hooks.begin(), hooks.end(), [](auto &p) { return p->state() != QProcess::NotRunning; });
+    };
+    while (running()) {
+        const QByteArray bytes = TempHome::read(file);
+        QVERIFY2(bytes.isEmpty() || QJsonDocument::fromJson(bytes).isObject(), bytes.constData());
+        hooks.front()->waitForFinished(1);
+        for (auto &p : hooks)
+            p->waitForFinished(0);
+    }
+    for (auto &p : hooks)
+        QCOMPARE(p->exitCode(), 0);
+    QCOMPARE(QDir(sessions()).entryList(QDir::Files | QDir::Hidden), QStringList{kSid + ".json"});
+    QCOMPARE(json(TempHome::read(file)).value("id").toString(), kSid);
+}
+
+void HookScriptsTest::terminalComesFromTheNearestAncestorWithOne()
+{
+    // Claude Code starts hooks in a session of their own, without a terminal, with the payload on a
+    // pipe: the terminal is the one of the nearest ancestor with one. script(1) gives that ancestor one.
+    const QString payload = m_home->root() + "/payload.json";
+    TempHome::write(payload, R"({"session_id":")" + kSid.toUtf8() + "\"}");
+    const QString inner = "tty; setsid -w /bin/bash \"$0\" Stop <\"$1\" >/dev/null 2>&1";
+    const QString command = "/bin/sh -c '" + inner + "' '" + m_home->paths().hookScript() + "' '" + payload + "'";
+    const Run result = run({"/usr/bin/script", "-qec", command, "/dev/null"}, {}, environment());
+    const QString terminal = QString::fromUtf8(result.out).trimmed();
+    QVERIFY2(terminal.startsWith("/dev/pts/"), qPrintable(terminal + result.err));
+    QCOMPARE(json(TempHome::read(sessions() + "/" + kSid + ".json")).value("tty").toString(), terminal);
+}
+
+void HookScriptsTest::hookEndsQuietlyWithoutItsReporter()
+{
+    // Any other status would be read by Claude Code as the hook's verdict (2 blocks a prompt).
+    QVERIFY(QFile::remove(m_home->paths().reporterScript()));
+    const Run result = run({"/bin/bash", m_home->paths().hookScript(), "Stop"}, "{}", environment());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out + result.err, QByteArray());
+}
+
+void HookScriptsTest::islandAnswers()
+{
+    // File names: letters, marks and digits of any script stay, anything else becomes "_", 120 at most.
+    QCOMPARE(AskDecision::sanitised("../a/b c+%"), "___a_b_c__");
+    QCOMPARE(AskDecision::sanitised("e\u0301t\u00e9_\u0663\u4e2d-"), "e\u0301t\u00e9_\u0663\u4e2d-");
+    QCOMPARE(AskDecision::sanitised("a\U0001F600b"), "a_b");
+    QCOMPARE(AskDecision::sanitised(QString(130, 'x')), QString(120, 'x'));
+
+    QDir().mkpath(decisions());
+    QFile::setPermissions(decisions(), QFileDevice::Permissions(0x7755)); // 0755: made before, too open
+    const AskDecision decision(decisions(), *m_clock);
+    decision.answer("", true); // no id, no file
+    decision.answer("a/b", true);
+    m_clock->advance(1.25);
+    decision.answer("a/b", false); // the second click wins
+    QCOMPARE(QDir(decisions()).entryList(QDir::Files | QDir::Hidden), QStringList{"a_b.json"});
+    QCOMPARE(TempHome::mode(decisions()), 0700);
+    QCOMPARE(TempHome::mode(decisions() + "/a_b.json"), 0600);
+    QCOMPARE(json(TempHome::read(decisions() + "/a_b.json")),
+             json(R"({"id":"a/b","behavior":"deny","at":1750000001.25})"));
+
+    // The sweep removes answers no reporter took, after ten minutes, whatever their name.
+    const std::pair<const char *, int> ages[]{{"a_b.json", 601}, {".left-over.tmp", 3600}, {"fresh.json", 599}};
+    for (const auto &[name, age] : ages) {
+        TempHome::write(decisions() + "/" + name, "{}");
+        QFile file(decisions() + "/" + name);
+        QVERIFY(file.open(QIODevice::ReadWrite) &&
+                file.setFileTime(QDateTime::fromSecsSinceEpoch(qint64(m_clock->now()) - age),
+                                 QFileDevice::FileModificationTime));
+    }
+    decision.sweep();
+    QCOMPARE(QDir(decisions()).entryList(QDir::Files | QDir::Hidden), QStringList{"fresh.json"});
+}
+
+void HookScriptsTest::decisionFiles_data()
+{
+    QTest::addColumn<QByteArray>("askId");
+    QTest::addColumn<QByteArray>("file");    // under the decisions folder
+    QTest::addColumn<QByteArray>("content"); // "%NOW" stands for the current time
+    QTest::addColumn<QByteArray>("printed"); // accepted behaviour, "" for nothing
+    QTest::addColumn<QByteArray>("stays");   // whether the file is still there afterwards
+    // The island writes "a_b.json" for "a/b"; the reporter must look for no name but the raw id's.
+    rows(R"(
+allow              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW}     | allow |
+deny               | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"deny","at":%NOW}      | deny  |
+stale              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW-601} |       |
+no time            | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow"}               |       |
+wrong id           | toolu_1 | toolu_1.json | {"id":"toolu_2","behavior":"allow","at":%NOW}     |       |
+unknown behaviour  | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"ask","at":%NOW}       |       |
+not an object      | toolu_1 | toolu_1.json | ["allow"]                                         |       |
+at not a number    | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":"1"}      |       |
+malformed          | toolu_1 | toolu_1.json | {"id":"toolu_1","beh                              |       | yes
+none in the budget | toolu_1 | other.json   | {}                                                |       | yes
+sanitising changes | a/b     | a_b.json     | {"id":"a/b","behavior":"allow","at":%NOW}         |       | yes)");
+}
+
+void HookScriptsTest::decisionFiles()
+{
+    QFETCH(QByteArray, askId);
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, printed);
+    QFETCH(QByteArray, stays);
+    const double now = QDateTime::currentMSecsSinceEpoch() / 1000.0;
+    content.replace("%NOW-601", QByteArray::number(now - 601, 'f', 3)).replace("%NOW", QByteArray::number(now, 'f', 3));
+    TempHome::write(decisions() + "/" + file, content);
+    const Run result = reporter(QByteArray(kAsk).replace("toolu_01", askId), "PermissionRequest");
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out + result.err, printed.isEmpty() ? QByteArray() : decisionOutput(printed));
+    QCOMPARE(QFileInfo::exists(decisions() + "/" + file), !stays.isEmpty());
+}
+
+void HookScriptsTest::reporterWaitsForTheClick()
+{
+    // An unreadable budget counts as the default two minutes, not as none.
+    QProcess hook;
+    hook.setProcessEnvironment(environment("abc"));
+    hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
+    hook.write(kAsk);
+    hook.closeWriteChannel();
+    // The session turns answerable before the reporter starts to wait; the click comes after.
+    const QString file = sessions() + "/unknown.json";
+    QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
+    AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", true);
+    QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 60'000);
+    QCOMPARE(hook.readAllStandardOutput(), decisionOutput("allow"));
+    QVERIFY(QDir(decisions()).entryList(QDir::Files).isEmpty());
+}
+
+void HookScriptsTest::reporterSurvivesAnyInput_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QByteArray noise(4096, '\0');
+    QRandomGenerator generator(7);
+    for (char &c : noise)
+        c = char(generator.bounded(256));
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("random bytes") << noise;
+    QTest::newRow("invalid UTF-8") << QByteArray("{\"session_id\":\"s\xff\xfe\"}");
+    QTest::newRow("array") << QByteArray("[1,2]");
+    QTest::newRow("deep nesting") << QByteArray(200'000, '[');
+    QTest::newRow("huge payload") << R"({"session_id":"s1","tool_use_id":"toolu_01","prompt":")" +
+                                         QByteArray(8'000'000, 'x') + R"(","tool_input":{"command":")" +
+                                         QByteArray(1 << 20, 'c') + "\"}}";
+    QTest::newRow("wrong types") << QByteArray(R"({"session_id":7,"cwd":[],"tool_name":{},"tool_input":"x",
+        "prompt":null,"message":1.5,"tool_use_id":true})");
+    QTest::newRow("session id that is a path") << QByteArray(R"({"session_id":"../../x"})");
+}
+
+void HookScriptsTest::reporterSurvivesAnyInput()
+{
+    QFETCH(QByteArray, input);
+    for (const QString event : {"PermissionRequest", "UserPromptSubmit", "SessionEnd", "Other"}) {
+        const Run result = reporter(input, event);
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.out + result.err, QByteArray());
+    }
+    // Whatever came in, nothing was written outside the sessions folder.
+    QCOMPARE(QDir(m_home->root() + "/data").entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
+    QCOMPARE(QDir(m_home->paths().support).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             (QStringList{"island-hook.sh", "island-report.py", "sessions"}));
+}
+
+QTEST_GUILESS_MAIN(HookScriptsTest)
+#include "HookScriptsTest.moc"
