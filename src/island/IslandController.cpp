@@ -134,8 +134,7 @@ void IslandController::layoutPanel()
 
 void IslandController::updateInteractiveRect()
 {
-    QScreen *screen = targetScreen();
-    if (!m_panel || !screen)
+    if (!m_panel)
         return;
     IslandGeometry::Input input;
     input.mode = m_state.mode().kind;
@@ -154,10 +153,6 @@ void IslandController::updateInteractiveRect()
     const QRectF island((panelWidth - size.width()) / 2, 0, size.width(), size.height());
     const QRectF hot = island.adjusted(-margin, 0, margin, margin);
     m_shell.setShape(*m_panel, hot.toAlignedRect(), island.toAlignedRect());
-
-    const QRect display = screen->geometry();
-    m_islandScreenFrame =
-        QRectF(display.center().x() + 1 - size.width() / 2, display.top(), size.width(), size.height());
 }
 
 } // namespace vaxo

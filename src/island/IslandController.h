@@ -3,7 +3,6 @@
 #include "island/IslandMetrics.h"
 
 #include <QObject>
-#include <QRectF>
 #include <QSizeF>
 
 #include <memory>
@@ -44,8 +43,6 @@ public:
     const IslandMetrics &metrics() const { return m_metrics; }
     double islandWidth() const { return m_islandSize.width(); }
     double islandHeight() const { return m_islandSize.height(); }
-    // The island's rectangle in screen coordinates.
-    QRectF islandScreenFrame() const { return m_islandScreenFrame; }
 
 signals:
     void islandSizeChanged();
@@ -63,7 +60,6 @@ private:
     QList<QMetaObject::Connection> m_stateSubs;
     IslandMetrics m_metrics;
     QSizeF m_islandSize;
-    QRectF m_islandScreenFrame;
 };
 
 } // namespace vaxo
