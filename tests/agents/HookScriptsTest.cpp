@@ -1,5 +1,6 @@
 #include "FakeClock.h"
 #include "TempHome.h"
+#include "TestTable.h"
 #include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
@@ -16,6 +17,7 @@
 
 using vaxo::AskDecision;
 using vaxo::HookInstaller;
+using vaxo::test::rows;
 using vaxo::test::TempHome;
 
 // The installer, and the hook and reporter it installs run by bash and /usr/bin/python3 on payloads
@@ -66,16 +68,6 @@ const QByteArray kAsk = R"({"tool_name":"Bash","tool_input":{"command":"rm -rf b
 QJsonObject json(const QString &text)
 {
     return QJsonDocument::fromJson(text.toUtf8()).object();
-}
-// One row a line: name | cells..., each cell a QByteArray.
-void rows(const QByteArray &table)
-{
-    for (const QByteArray &line : table.trimmed().split('\n')) {
-        const QList<QByteArray> cells = line.split('|');
-        QTestData &row = QTest::newRow(cells[0].trimmed().constData());
-        for (const QByteArray &cell : cells.mid(1))
-            row << cell.trimmed();
-    }
 }
 // Every key of want has its value in record.
 void expectFields(const QJsonObject &record, const QString &want)
