@@ -7,15 +7,16 @@ PACKAGES=(
   # build
   build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
   qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-tools-dev
-  libicu-dev libx11-dev libx11-xcb-dev libxcb1-dev libxext-dev libxss-dev libcanberra-dev
+  libicu-dev libx11-dev libx11-xcb-dev libxcb1-dev libxcb-xinput-dev libxext-dev libxss-dev libcanberra-dev
+  libasound2-dev
   qt6-speech-dev
   # run
   qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
   qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-shapes
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
-  python3 procps
+  python3 procps sound-theme-freedesktop
   # tests and headless runs
-  xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick
+  xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm
   dbus dbus-x11 tmux
 )
 

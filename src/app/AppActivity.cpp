@@ -1,11 +1,9 @@
 #include "app/AppActivity.h"
 
-#include "platform/ActivityPlatform.h"
 #include "platform/DisplayStateSource.h"
 #include "platform/LowPowerSource.h"
 #include "platform/WindowVisibilitySource.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 #include <algorithm>
@@ -35,6 +33,7 @@ AppActivity::AppActivity(Sources sources, Switches switches, QObject *parent)
 {
     if (auto *display = sources.display) {
         display->setParent(this);
+        m_displayUsable = !display->isLost();
         connect(display, &DisplayStateSource::displayLost, this, &AppActivity::onDisplayLost);
         connect(display, &DisplayStateSource::displayBack, this, &AppActivity::onDisplayBack);
     }
@@ -49,20 +48,6 @@ AppActivity::AppActivity(Sources sources, Switches switches, QObject *parent)
     }
     recomputeWindows();
     recomputeIslandBusy();
-}
-
-AppActivity &AppActivity::shared()
-{
-    static AppActivity *const instance = [] {
-        Sources sources;
-        if (ActivityPlatform *platform = ActivityPlatform::installed()) {
-            sources.display = platform->createDisplayStateSource(nullptr);
-            sources.lowPower = platform->createLowPowerSource(nullptr);
-            sources.windows = platform->createWindowVisibilitySource(nullptr);
-        }
-        return new AppActivity(sources, Switches::fromEnvironment(), QCoreApplication::instance());
-    }();
-    return *instance;
 }
 
 bool AppActivity::islandAnimating() const

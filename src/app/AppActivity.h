@@ -40,9 +40,6 @@ public:
 
     AppActivity(Sources sources, Switches switches, QObject *parent = nullptr);
 
-    // Created on first use from the installed ActivityPlatform, with the switches read then.
-    static AppActivity &shared();
-
     bool windowVisible() const { return m_windowVisible; }
     bool displayUsable() const { return m_displayUsable; }
     bool lowPower() const { return m_lowPower; }

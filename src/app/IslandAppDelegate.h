@@ -7,16 +7,22 @@
 
 #include <memory>
 
-class QSettings;
-
 namespace vaxo {
 
+class AppActivity;
+class AskDecision;
 class IslandClipboard;
 class IslandController;
+class IslandLook;
+class IslandScheduler;
+class IslandSettings;
 class IslandState;
+class SessionsSection;
+class SettingsCard;
 
-// The program's start-up object and composition root: makes the long-lived objects, runs the
-// start-up steps in order, and stops the session watching when the program terminates.
+// The program's start-up object and composition root: makes every long-lived object in one place and
+// hands each what it needs, runs the start-up steps in order, and stops the session watching when the
+// program terminates.
 class IslandAppDelegate : public QObject {
     Q_OBJECT
 public:
@@ -30,11 +36,20 @@ public:
     IslandController &controller() const { return *m_controller; }
 
 private:
+    // The animation gate follows the island; the mood follows the user's idleness.
+    void connectActivity();
+
     AppPaths m_paths;
     PlatformServices m_platform;
-    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<IslandSettings> m_settings;
+    std::unique_ptr<AppActivity> m_activity;
+    std::unique_ptr<IslandScheduler> m_scheduler;
+    std::unique_ptr<AskDecision> m_decisions;
     std::unique_ptr<IslandState> m_state;
     std::unique_ptr<IslandClipboard> m_clipboard;
+    std::unique_ptr<SessionsSection> m_sessions;
+    std::unique_ptr<IslandLook> m_look;
+    std::unique_ptr<SettingsCard> m_settingsCard;
     std::unique_ptr<IslandController> m_controller;
 };
 

@@ -3,10 +3,8 @@
 #include "app/AppActivity.h"
 #include "app/Clock.h"
 #include "app/Timer.h"
-#include "platform/ActivityPlatform.h"
 #include "platform/IdleTimeSource.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 #include <cmath>
@@ -35,17 +33,6 @@ IslandScheduler::IslandScheduler(Clock &clock, AppActivity &activity, IdleTimeSo
     connect(&activity, &AppActivity::displayUsableChanged, this, &IslandScheduler::reevaluateTier);
     connect(&activity, &AppActivity::lowPowerChanged, this, &IslandScheduler::reevaluateTier);
     connect(&activity, &AppActivity::displayReturned, this, &IslandScheduler::reevaluateTier);
-}
-
-IslandScheduler &IslandScheduler::shared()
-{
-    static IslandScheduler *const instance = [] {
-        AppActivity &activity = AppActivity::shared();
-        ActivityPlatform *platform = ActivityPlatform::installed();
-        IdleTimeSource *idle = platform ? platform->createIdleTimeSource(nullptr) : nullptr;
-        return new IslandScheduler(Clock::system(), activity, idle, QCoreApplication::instance());
-    }();
-    return *instance;
 }
 
 void IslandScheduler::schedule(const Job &job)

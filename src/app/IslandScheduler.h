@@ -30,9 +30,6 @@ public:
     // idleTime may be null (the user then never looks idle); the scheduler takes ownership.
     IslandScheduler(Clock &clock, AppActivity &activity, IdleTimeSource *idleTime, QObject *parent = nullptr);
 
-    // Created on first use on the system clock, the shared gate and the installed ActivityPlatform.
-    static IslandScheduler &shared();
-
     Tier tier() const { return m_tier; }
     bool userIdle() const { return m_userIdle; }
     bool hasJob(const QString &name) const { return m_jobs.contains(name); }

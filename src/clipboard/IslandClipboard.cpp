@@ -3,7 +3,9 @@
 #include "app/AppPaths.h"
 #include "app/Clock.h"
 #include "app/IslandScheduler.h"
+#include "app/IslandSettings.h"
 #include "clipboard/ClipHistory.h"
+#include "clipboard/ClipListModel.h"
 #include "clipboard/ClipText.h"
 #include "clipboard/ClipboardPolicy.h"
 #include "platform/FrontmostApp.h"
@@ -13,14 +15,11 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
-#include <QSettings>
 #include <QUuid>
 
 namespace vaxo {
 
 const QString IslandClipboard::kJobName = QStringLiteral("island.clipboard");
-const QString IslandClipboard::kEnabledKey = QStringLiteral("vaxoIslandClipboard");
-const QString IslandClipboard::kScrubbedKey = QStringLiteral("vaxoIslandClipScrubV1");
 
 // A new copy: a finished clip (files, image), or raw text that still has to be scanned.
 struct IslandClipboard::Captured {
@@ -29,10 +28,11 @@ struct IslandClipboard::Captured {
 };
 
 IslandClipboard::IslandClipboard(Pasteboard &pasteboard, const FrontmostApp &frontmost, IslandScheduler &scheduler,
-                                 QSettings &settings, const AppPaths &paths, Clock &clock, QObject *parent)
+                                 IslandSettings &settings, const AppPaths &paths, Clock &clock, QObject *parent)
     : QObject(parent), m_pasteboard(pasteboard), m_frontmost(frontmost), m_scheduler(scheduler), m_settings(settings),
-      m_clock(clock), m_store(paths.clipboardFile())
+      m_clock(clock), m_store(paths.clipboardFile()), m_model(new ClipListModel(this))
 {
+    connect(&m_settings, &IslandSettings::clipboardChanged, this, &IslandClipboard::followSetting);
     m_scanQueue.setObjectName(QStringLiteral("ai.vaxo.island.clipscan"));
     m_scanQueue.setMaxThreadCount(1);
     load();
@@ -47,45 +47,25 @@ IslandClipboard::~IslandClipboard()
         m_scheduler.unregister(kJobName);
 }
 
-QVariantList IslandClipboard::itemList() const
+void IslandClipboard::followSetting()
 {
-    QVariantList list;
-    for (const ClipItem &clip : m_items)
-        list.append(QVariant::fromValue(clip));
-    return list;
-}
-
-bool IslandClipboard::enabled() const
-{
-    const QVariant value = m_settings.value(kEnabledKey);
-    if (value.typeId() == QMetaType::Bool)
-        return value.toBool();
-    const QString text = value.toString(); // the INI format stores booleans as words
-    return text != QLatin1String("false");
-}
-
-void IslandClipboard::setEnabled(bool on)
-{
-    const bool was = enabled();
-    m_settings.setValue(kEnabledKey, on);
-    if (was == on)
+    if (!m_running)
         return;
-    if (m_running && on) {
+    if (m_settings.clipboard()) {
         // What was copied while the history was off stays out of it.
         m_lastChangeCount = m_pasteboard.changeCount();
         scheduleJob();
-    } else if (m_running) {
+    } else {
         m_scheduler.unregister(kJobName);
     }
-    emit enabledChanged();
 }
 
 // The history as saved, less what may no longer be kept: a clip whose text holds a secret, and, on
 // the first load after secret detection arrived, every clip that is not pinned.
 void IslandClipboard::load()
 {
-    const bool scrubbed = m_settings.value(kScrubbedKey).toBool();
-    m_settings.setValue(kScrubbedKey, true);
+    const bool scrubbed = m_settings.clipScrubbed();
+    m_settings.setClipScrubbed(true);
     const QList<ClipItem> saved = m_store.load().value_or(QList<ClipItem>());
     for (const ClipItem &clip : saved) {
         const bool secret =
@@ -96,6 +76,7 @@ void IslandClipboard::load()
     }
     if (m_items.size() != saved.size())
         save();
+    m_model->sync(m_items);
     if (!m_items.isEmpty())
         emit itemsChanged();
 }
@@ -107,6 +88,7 @@ void IslandClipboard::save() const
 
 void IslandClipboard::publish()
 {
+    m_model->sync(m_items);
     emit itemsChanged();
     save();
 }
@@ -127,7 +109,7 @@ void IslandClipboard::start()
     m_running = true;
     m_lastChangeCount = m_pasteboard.changeCount();
     // With the setting off there is nothing to poll for; switching it on registers the job.
-    if (enabled())
+    if (m_settings.clipboard())
         scheduleJob();
     emit runningChanged();
 }
@@ -143,7 +125,7 @@ void IslandClipboard::stop()
 
 void IslandClipboard::poll()
 {
-    if (!enabled())
+    if (!m_settings.clipboard())
         return;
     const qint64 count = m_pasteboard.changeCount();
     if (count == m_lastChangeCount)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Feeder.h"
 #include "clipboard/ClipImageStore.h"
 #include "clipboard/ClipItem.h"
 #include "clipboard/ClipStore.h"
@@ -7,57 +8,49 @@
 #include <QList>
 #include <QObject>
 #include <QThreadPool>
-#include <QVariantList>
-
-class QSettings;
+Q_MOC_INCLUDE("clipboard/ClipListModel.h")
 
 namespace vaxo {
 
 struct AppPaths;
+class ClipListModel;
 class Clock;
 class FrontmostApp;
 class IslandScheduler;
+class IslandSettings;
 class Pasteboard;
 
 // The clipboard history: polls the pasteboard through the scheduler's "island.clipboard" job, turns
 // each new copy into a clip (text scanned for secrets on its own serial queue), keeps up to 50
 // unpinned clips plus every pinned one, saves them without images and secrets, and puts a chosen
-// clip back on the pasteboard. Everything but the scan runs on the main thread.
-class IslandClipboard : public QObject {
+// clip back on the pasteboard. The setting "vaxoIslandClipboard" switches it on and off at once; the
+// history stays. It is the island's last feeder. Everything but the scan runs on the main thread.
+class IslandClipboard : public QObject, public Feeder {
     Q_OBJECT
-    Q_PROPERTY(QVariantList items READ itemList NOTIFY itemsChanged)
-    Q_PROPERTY(bool enabled READ enabled WRITE setEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(vaxo::ClipListModel *clips READ model CONSTANT)
     Q_PROPERTY(bool running READ running NOTIFY runningChanged)
 public:
     static constexpr qsizetype kMaxTextBytes = 262144; // the largest text captured, in UTF-8 bytes
     static constexpr int kThumbnailSize = 120;
     static constexpr double kActiveInterval = 0.7;
     static constexpr double kIdleInterval = 3.0;
-    static const QString kJobName;     // "island.clipboard"
-    static const QString kEnabledKey;  // "vaxoIslandClipboard"
-    static const QString kScrubbedKey; // "vaxoIslandClipScrubV1"
+    static const QString kJobName; // "island.clipboard"
 
     // Loads the saved history at once (see load()). The references must outlive the clipboard.
     IslandClipboard(Pasteboard &pasteboard, const FrontmostApp &frontmost, IslandScheduler &scheduler,
-                    QSettings &settings, const AppPaths &paths, Clock &clock, QObject *parent = nullptr);
+                    IslandSettings &settings, const AppPaths &paths, Clock &clock, QObject *parent = nullptr);
     ~IslandClipboard() override;
 
     const QList<ClipItem> &clips() const { return m_items; }
-    QVariantList itemList() const;
+    ClipListModel *model() const { return m_model; }
     const ClipImageStore &images() const { return m_images; }
     const ClipStore &store() const { return m_store; }
-
-    // The setting "vaxoIslandClipboard"; absent or not a boolean means on.
-    bool enabled() const;
-    // Stores the setting; while running, switching it off unregisters the job (the history stays)
-    // and switching it on registers the job again; nothing copied while it was off is captured.
-    void setEnabled(bool on);
     bool running() const { return m_running; }
 
     // Begins monitoring (once): what is on the clipboard now is not captured.
-    void start();
+    void start() override;
     // Stops monitoring: the job is unregistered; start() may begin again.
-    void stop();
+    void stop() override;
     // One look at the pasteboard; the scheduler's job calls it.
     void poll();
     // Waits for the scans under way and records their clips now, instead of on a later turn of the
@@ -73,11 +66,13 @@ public:
 
 signals:
     void itemsChanged();
-    void enabledChanged();
     void runningChanged();
 
 private:
     struct Captured;
+    // While running, switching the history off unregisters the job and switching it on registers it
+    // again; nothing copied while it was off is captured.
+    void followSetting();
     void load();
     void save() const;
     void publish();
@@ -88,11 +83,12 @@ private:
     Pasteboard &m_pasteboard;
     const FrontmostApp &m_frontmost;
     IslandScheduler &m_scheduler;
-    QSettings &m_settings;
+    IslandSettings &m_settings;
     Clock &m_clock;
     ClipStore m_store;
     ClipImageStore m_images;
     QList<ClipItem> m_items;
+    ClipListModel *m_model;
     qint64 m_lastChangeCount = -1;
     qint64 m_selfWriteCount = -1;
     bool m_running = false;

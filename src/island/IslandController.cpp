@@ -1,31 +1,45 @@
 #include "island/IslandController.h"
 
-#include "app/AppActivity.h"
+#include "app/Feeder.h"
 #include "app/IslandScheduler.h"
-#include "clipboard/IslandClipboard.h"
+#include "app/IslandSettings.h"
 #include "island/IslandGeometry.h"
 #include "island/IslandState.h"
+#include "island/PanelLayout.h"
+#include "island/PanelPointer.h"
+#include "island/QmlTypes.h"
+#include "platform/DesktopWindows.h"
 #include "platform/PanelShell.h"
+#include "platform/PointerMonitor.h"
 
+#include <QCursor>
 #include <QGuiApplication>
-#include <QPointer>
+#include <QQmlEngine>
 #include <QQuickView>
 #include <QScreen>
-#include <QSettings>
 
 namespace vaxo {
-namespace {
 
-// Margins around the island that still count as the island for the pointer.
-constexpr double kCollapsedMargin = 6;
-constexpr double kExpandedMargin = 18;
+const QString IslandController::kFullscreenJob = QStringLiteral("island.fullscreen");
 
-} // namespace
-
-IslandController::IslandController(IslandState &state, IslandClipboard &clipboard, PanelShell &shell,
-                                   QSettings &settings, QObject *parent)
-    : QObject(parent), m_state(state), m_clipboard(clipboard), m_shell(shell), m_settings(settings)
+IslandController::IslandController(const IslandRoot::Parts &parts, QList<Feeder *> feeders, IslandScheduler &scheduler,
+                                   Services services, Clock &clock, QObject *parent)
+    : QObject(parent), m_parts(parts), m_state(*parts.state), m_feeders(std::move(feeders)), m_scheduler(scheduler),
+      m_services(services), m_pointer(new PanelPointer(*parts.state, clock, this))
 {
+    connect(m_pointer, &PanelPointer::concealedChanged, this, [this] {
+        applyShape();
+        watchPointer();
+        emit concealedChanged();
+    });
+    connect(&m_services.pointer, &PointerMonitor::pressed, this, [this] { m_pointer->pressed(QCursor::pos()); });
+    connect(&m_services.pointer, &PointerMonitor::moved, this, &IslandController::syncPointer);
+    connect(&m_services.windows, &DesktopWindows::changed, this, [this] {
+        // A window manager may raise a window above ours; take the top back.
+        if (m_panel)
+            m_panel->raise();
+        checkFullscreen();
+    });
 }
 
 IslandController::~IslandController()
@@ -33,70 +47,69 @@ IslandController::~IslandController()
     hide();
 }
 
-bool IslandController::enabled() const
-{
-    const QString stored = m_settings.value(QStringLiteral("vaxoIslandEnabled")).toString().toLower();
-    return stored != QLatin1String("false");
-}
-
 void IslandController::start()
 {
-    auto *app = qGuiApp;
-    connect(app, &QGuiApplication::screenAdded, this, &IslandController::layoutPanel);
-    connect(app, &QGuiApplication::screenRemoved, this, &IslandController::layoutPanel);
-    connect(app, &QGuiApplication::primaryScreenChanged, this, &IslandController::layoutPanel);
-    for (QScreen *screen : QGuiApplication::screens())
-        connect(screen, &QScreen::geometryChanged, this, &IslandController::layoutPanel);
-    connect(app, &QGuiApplication::screenAdded, this, [this](QScreen *screen) {
-        connect(screen, &QScreen::geometryChanged, this, &IslandController::layoutPanel);
-    });
-    if (enabled())
+    followScreens();
+    if (m_parts.settings->enabled())
         show();
     else
         hide();
+}
+
+void IslandController::followScreens()
+{
+    auto *app = qGuiApp;
+    const auto follow = [this](QScreen *screen) {
+        connect(screen, &QScreen::geometryChanged, this, &IslandController::layoutPanel);
+    };
+    for (QScreen *screen : QGuiApplication::screens())
+        follow(screen);
+    connect(app, &QGuiApplication::screenAdded, this, [this, follow](QScreen *screen) {
+        follow(screen);
+        layoutPanel();
+    });
+    connect(app, &QGuiApplication::screenRemoved, this, &IslandController::layoutPanel);
+    connect(app, &QGuiApplication::primaryScreenChanged, this, &IslandController::layoutPanel);
 }
 
 void IslandController::show()
 {
     if (m_panel)
         return;
+    qml::registerTypes();
     m_panel = std::make_unique<QQuickView>();
-    m_panel->setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool | Qt::WindowDoesNotAcceptFocus);
+    m_services.shell.prepare(*m_panel);
     m_panel->setColor(Qt::transparent);
     m_panel->setTitle(QStringLiteral("VAXO Island"));
     m_panel->setResizeMode(QQuickView::SizeRootObjectToView);
-    m_panel->setInitialProperties({{QStringLiteral("islandState"), QVariant::fromValue(&m_state)},
-                                   {QStringLiteral("controller"), QVariant::fromValue(this)}});
+    m_root = new IslandRoot(m_parts, this, m_panel.get());
+    m_root->installImageProviders(*m_panel->engine());
+    m_panel->engine()->addImportPath(QStringLiteral("qrc:/qt/qml")); // where the views' module lives
+    m_panel->setInitialProperties({{QStringLiteral("root"), QVariant::fromValue(m_root.data())}});
     m_panel->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vaxo/Island/IslandView.qml")));
-
     layoutPanel();
-    m_shell.prepare(*m_panel);
     m_panel->show();
 
-    // The feeders, in this order: session watching, then the clipboard history.
-    m_state.startWatching();
-    m_clipboard.start();
+    for (Feeder *feeder : std::as_const(m_feeders))
+        feeder->start();
+
+    // Resized after each change has been applied whole.
     for (auto signal : {&IslandState::expandedChanged, &IslandState::modeChanged, &IslandState::agentSessionsChanged,
                         &IslandState::showSettingsChanged})
         m_stateSubs << connect(&m_state, signal, this, &IslandController::updateInteractiveRect, Qt::QueuedConnection);
-    connectActivity();
-    IslandScheduler::shared().startTierWatchIfNeeded();
-}
+    m_stateSubs << connect(m_parts.settings, &IslandSettings::backdropChanged, this,
+                           &IslandController::updateInteractiveRect, Qt::QueuedConnection);
+    m_stateSubs << connect(&m_state, &IslandState::expandedChanged, this, &IslandController::watchPointer);
+    m_panel->installEventFilter(this);
 
-void IslandController::connectActivity()
-{
-    AppActivity &gate = AppActivity::shared();
-    gate.followIsland(
-        [state = QPointer<IslandState>(&m_state)] { return state ? state->busyInputs() : IslandBusyInputs{}; });
-    for (auto signal : {&IslandState::expandedChanged, &IslandState::pointerInsideChanged,
-                        &IslandState::pinnedByAlertChanged, &IslandState::showSettingsChanged,
-                        &IslandState::justFinishedAgentChanged, &IslandState::agentSessionsChanged})
-        m_stateSubs << connect(&m_state, signal, &gate, &AppActivity::recomputeIslandBusy, Qt::QueuedConnection);
-
-    IslandScheduler &scheduler = IslandScheduler::shared();
-    m_state.setUserIdle(scheduler.userIdle());
-    m_stateSubs << connect(&scheduler, &IslandScheduler::userIdleChanged, &m_state,
-                           [this, &scheduler] { m_state.setUserIdle(scheduler.userIdle()); });
+    QPointer<IslandController> self(this);
+    m_scheduler.schedule({kFullscreenJob, kFullscreenActive, kFullscreenIdle, std::nullopt, [self] {
+                              if (self)
+                                  self->checkFullscreen();
+                          }});
+    checkFullscreen();
+    // Sessions found at start reached the state before anything above listened.
+    updateInteractiveRect();
 }
 
 void IslandController::hide()
@@ -104,11 +117,13 @@ void IslandController::hide()
     for (const auto &sub : std::as_const(m_stateSubs))
         disconnect(sub);
     m_stateSubs.clear();
+    m_services.pointer.watch(false, false);
     if (!m_panel)
         return;
-    m_state.collapse();
-    m_state.stopWatching();
-    m_clipboard.stop();
+    m_panel->removeEventFilter(this);
+    m_scheduler.unregister(kFullscreenJob);
+    for (Feeder *feeder : std::as_const(m_feeders))
+        feeder->stop();
     m_panel.reset();
 }
 
@@ -123,12 +138,33 @@ void IslandController::layoutPanel()
     QScreen *screen = targetScreen();
     if (!m_panel || !screen)
         return;
-    m_metrics = IslandMetrics::measure(screen->geometry().width(), 0, -1, -1);
-    const QSizeF size = IslandGeometry::panelSize(m_metrics);
-    const QRect display = screen->geometry();
+    const IslandMetrics metrics = IslandMetrics::measure(screen->geometry().width(), 0, -1, -1);
+    if (metrics != m_metrics) {
+        m_metrics = metrics;
+        emit metricsChanged();
+    }
+    m_display = screen->geometry();
     m_panel->setScreen(screen);
-    m_panel->setGeometry(int(display.center().x() + 1 - size.width() / 2), display.top(), int(size.width()),
-                         int(size.height()));
+    m_panel->setGeometry(PanelLayout::panelFrame(m_display, m_metrics).toRect());
+    updateInteractiveRect();
+}
+
+IslandMode::Kind IslandController::stripKind() const
+{
+    return m_state.mode().kind;
+}
+
+bool IslandController::concealed() const
+{
+    return m_pointer->concealed();
+}
+
+void IslandController::reportMeasuredSize(double width, double height)
+{
+    const QSizeF size(width, height);
+    if (width <= 1 || height <= 1 || size == m_measured)
+        return;
+    m_measured = size;
     updateInteractiveRect();
 }
 
@@ -137,22 +173,73 @@ void IslandController::updateInteractiveRect()
     if (!m_panel)
         return;
     IslandGeometry::Input input;
-    input.mode = m_state.mode().kind;
+    input.mode = stripKind();
     input.expanded = m_state.expanded();
     input.settingsOpen = m_state.showSettings();
+    input.backdropChosen = !m_parts.settings->backdrop().isEmpty();
     input.metrics = m_metrics;
     input.sessions = m_state.agentSessions();
-    const QSizeF size = IslandGeometry::islandSize(input);
+    const QSizeF size = PanelLayout::clampMeasured(m_measured, IslandGeometry::islandSize(input));
     if (size != m_islandSize) {
         m_islandSize = size;
         emit islandSizeChanged();
     }
+    const QRectF island = PanelLayout::islandFrame(m_display, size);
+    m_pointer->setFrames(PanelPointer::Frames{island, PanelLayout::hotRect(island, input.expanded),
+                                              PanelLayout::revealZone(m_display, m_metrics)});
+    m_interactive = PanelLayout::interactiveRect(m_panel->size(), size, input.expanded);
+    applyShape();
+    syncPointer();
+}
 
-    const double margin = m_state.expanded() ? kExpandedMargin : kCollapsedMargin;
-    const double panelWidth = m_panel->width();
-    const QRectF island((panelWidth - size.width()) / 2, 0, size.width(), size.height());
-    const QRectF hot = island.adjusted(-margin, 0, margin, margin);
-    m_shell.setShape(*m_panel, hot.toAlignedRect(), island.toAlignedRect());
+void IslandController::applyShape()
+{
+    if (!m_panel)
+        return;
+    const bool hidden = m_pointer->concealed();
+    const QRectF drawn((m_panel->width() - m_islandSize.width()) / 2, 0, m_islandSize.width(), m_islandSize.height());
+    m_services.shell.setShape(*m_panel, hidden ? QRect() : m_interactive.toAlignedRect(),
+                              hidden ? QRect() : drawn.toAlignedRect());
+}
+
+void IslandController::syncPointer()
+{
+    if (m_panel)
+        m_pointer->sync(QCursor::pos());
+}
+
+void IslandController::watchPointer()
+{
+    // Presses matter only while the card is open; motion only beside a full-screen window, where the
+    // island cannot see the pointer come and go.
+    m_services.pointer.watch(m_panel && m_state.expanded(), m_panel && m_pointer->fullscreen());
+}
+
+void IslandController::checkFullscreen()
+{
+    QScreen *screen = targetScreen();
+    if (!m_panel || !screen)
+        return;
+    const bool covered = PanelLayout::coveredByFullscreen(m_services.windows.windows(), screen->geometry());
+    if (covered == m_pointer->fullscreen())
+        return;
+    m_pointer->setFullscreen(covered);
+    watchPointer();
+    syncPointer();
+}
+
+bool IslandController::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::Leave:
+    case QEvent::MouseMove:
+        syncPointer();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace vaxo

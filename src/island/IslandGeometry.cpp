@@ -7,30 +7,37 @@ namespace {
 
 QSizeF collapsedSize(const IslandGeometry::Input &in)
 {
+    using Kind = IslandMode::Kind;
     const double nw = in.metrics.notchWidth;
     const double nh = in.metrics.notchHeight;
-    const bool agents = in.mode == IslandMode::Kind::Agents;
     if (in.metrics.hasNotch) {
-        if (in.music && !agents)
-            return {nw + 104, nh};
-        return {agents ? nw + 96 : nw + 74, nh};
+        const double extra = in.mode == Kind::Agents ? 96 : in.mode == Kind::Music ? 104 : 74;
+        return {nw + extra, nh};
     }
-    if (agents)
+    if (in.mode == Kind::Agents)
         return {350, 38};
-    if (in.music)
+    if (in.mode == Kind::Music)
         return {300, 38};
     return {190, 32};
 }
 
 } // namespace
 
+bool IslandGeometry::showsPrompt(const AgentSession &s)
+{
+    return s.lastPrompt && !s.lastPrompt->isEmpty();
+}
+
+bool IslandGeometry::showsAction(const AgentSession &s)
+{
+    return s.isWorking() && s.lastAction && !s.lastAction->isEmpty();
+}
+
 double IslandGeometry::rowHeight(const AgentSession &s)
 {
-    double h = (s.lastPrompt && !s.lastPrompt->isEmpty()) ? 57 : 40;
-    if (s.isWorking() && s.lastAction && !s.lastAction->isEmpty())
-        h += 17;
+    double h = kRowHeader + (showsPrompt(s) ? kRowLine : 0) + (showsAction(s) ? kRowLine : 0);
     if (s.tasks)
-        h += (s.tasks->done > 0 ? 15 : 0) + 17.0 * double(s.tasks->items.size()) + 18;
+        h += (s.tasks->done > 0 ? kTasksCompleted : 0) + kRowLine * double(s.tasks->items.size()) + kTasksSummary;
     return h;
 }
 
@@ -47,14 +54,14 @@ QSizeF IslandGeometry::islandSize(const Input &in)
     const double nh = in.metrics.notchHeight;
     const double width = std::max(nw + 260, 500.0);
     if (in.settingsOpen)
-        return {width, nh + 346 + 26 + (in.backdropChosen ? 60 : 0)};
+        return {width, nh + kSettingsBody + kCardBottom + (in.backdropChosen ? kBackdropRows : 0)};
 
     double rows = 0;
     for (qsizetype i = 0; i < std::min<qsizetype>(2, in.sessions.size()); ++i)
-        rows += rowHeight(in.sessions.at(i)) + 8;
-    const double listAllowance = in.sessions.isEmpty() ? 22 : 44;
-    const double height = nh + 216 + 360 + rows + listAllowance + 26 + in.mediaAllowance;
-    return {width, std::min(height, panelSize(in.metrics).height() - 24)};
+        rows += rowHeight(in.sessions.at(i)) + kRowGap;
+    const double list = in.sessions.isEmpty() ? kEmptyListAllowance : kListAllowance;
+    const double height = nh + kCardTop + kCardSections + rows + list + kCardBottom + in.mediaAllowance;
+    return {width, std::min(height, panelSize(in.metrics).height() - kPanelSlack)};
 }
 
 } // namespace vaxo

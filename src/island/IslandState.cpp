@@ -2,23 +2,16 @@
 
 #include "agents/SessionSource.h"
 #include "app/Clock.h"
+#include "app/IslandSettings.h"
 #include "app/Timer.h"
 #include "platform/SoundPlayer.h"
-
-#include <QSettings>
 
 #include <algorithm>
 
 namespace vaxo {
-namespace {
 
-const QString kSoundKey = QStringLiteral("vaxoIslandSound");
-const QString kSoundNameKey = QStringLiteral("vaxoIslandSoundName");
-
-} // namespace
-
-IslandState::IslandState(std::unique_ptr<SessionSource> source, Clock &clock, QSettings &settings, SoundPlayer &sounds,
-                         QObject *parent)
+IslandState::IslandState(std::unique_ptr<SessionSource> source, Clock &clock, const IslandSettings &settings,
+                         SoundPlayer &sounds, QObject *parent)
     : QObject(parent), m_source(std::move(source)), m_clock(clock), m_settings(settings), m_sounds(sounds)
 {
     publishDerived();
@@ -38,6 +31,12 @@ void IslandState::stopWatching()
     m_source->stop();
 }
 
+void IslandState::stop()
+{
+    collapse();
+    stopWatching();
+}
+
 void IslandState::apply(const QList<AgentSession> &sessions)
 {
     // Derived values are published once, at the end, so that observers never see a half-applied list.
@@ -54,7 +53,7 @@ void IslandState::apply(const QList<AgentSession> &sessions)
             setPinnedByAlert(true);
             setShowSettings(false);
             setExpanded(true);
-            if (soundOn())
+            if (m_settings.sound())
                 m_sounds.play(QStringLiteral("Submarine"));
         }
     }
@@ -99,13 +98,8 @@ void IslandState::collapse()
 
 void IslandState::playDoneSound()
 {
-    if (soundOn())
-        m_sounds.play(m_settings.value(kSoundNameKey, QStringLiteral("Glass")).toString());
-}
-
-bool IslandState::soundOn() const
-{
-    return m_settings.value(kSoundKey, true).toBool();
+    if (m_settings.sound())
+        m_sounds.play(m_settings.soundName());
 }
 
 void IslandState::setExpanded(bool expanded)

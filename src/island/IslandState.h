@@ -1,6 +1,7 @@
 #pragma once
 
 #include "agents/AgentSession.h"
+#include "app/Feeder.h"
 #include "app/IslandBusyInputs.h"
 #include "island/IslandMode.h"
 #include "island/Mood.h"
@@ -12,18 +13,18 @@
 #include <memory>
 #include <optional>
 
-class QSettings;
-
 namespace vaxo {
 
 class Clock;
+class IslandSettings;
 class SessionSource;
 class SoundPlayer;
 
 // What the island shows, and how it reacts to each new session list: it notices sessions that have
 // just finished, opens and pins itself when a session starts waiting, and plays the alert and done
-// sounds. Main thread only.
-class IslandState : public QObject {
+// sounds. As the island's first feeder it watches the sessions while the island is shown. Main
+// thread only.
+class IslandState : public QObject, public Feeder {
     Q_OBJECT
     Q_PROPERTY(bool expanded READ expanded WRITE setExpanded NOTIFY expandedChanged)
     Q_PROPERTY(QList<vaxo::AgentSession> agentSessions READ agentSessions NOTIFY agentSessionsChanged)
@@ -31,16 +32,16 @@ class IslandState : public QObject {
     Q_PROPERTY(bool showSettings READ showSettings WRITE setShowSettings NOTIFY showSettingsChanged)
     Q_PROPERTY(bool pinnedByAlert READ pinnedByAlert NOTIFY pinnedByAlertChanged)
     Q_PROPERTY(bool pointerInside READ pointerInside WRITE setPointerInside NOTIFY pointerInsideChanged)
-    Q_PROPERTY(QString mood READ moodText NOTIFY moodChanged)
-    Q_PROPERTY(QString modeKind READ modeKind NOTIFY modeChanged)
+    Q_PROPERTY(vaxo::Mood mood READ mood NOTIFY moodChanged)
+    Q_PROPERTY(vaxo::IslandMode::Kind modeKind READ modeKind NOTIFY modeChanged)
     Q_PROPERTY(QString agentsLabel READ agentsLabel NOTIFY agentsLabelChanged)
     Q_PROPERTY(bool userIdle READ userIdle WRITE setUserIdle NOTIFY userIdleChanged)
 
 public:
     static constexpr double kJustFinishedSeconds = 5.0;
 
-    IslandState(std::unique_ptr<SessionSource> source, Clock &clock, QSettings &settings, SoundPlayer &sounds,
-                QObject *parent = nullptr);
+    IslandState(std::unique_ptr<SessionSource> source, Clock &clock, const IslandSettings &settings,
+                SoundPlayer &sounds, QObject *parent = nullptr);
     ~IslandState() override;
 
     // Starts the session source with apply() as its callback.
@@ -48,6 +49,9 @@ public:
     // Termination: no longer running, and the source delivers nothing more.
     void stopWatching();
     bool running() const { return m_running; }
+    // As a feeder: start watching; stop collapses the island and stops watching.
+    void start() override { startWatching(); }
+    void stop() override;
 
     void apply(const QList<AgentSession> &sessions);
     Q_INVOKABLE void toggleExpanded();
@@ -75,10 +79,9 @@ public:
     // How long the longest-waiting session has waited, in seconds; 0 when unknown.
     double waitingSeconds() const;
     IslandMode mode() const { return m_mode; }
-    QString modeKind() const { return m_mode.kindName(); }
+    IslandMode::Kind modeKind() const { return m_mode.kind; }
     QString agentsLabel() const { return m_agentsLabel; }
     Mood mood() const { return m_mood; }
-    QString moodText() const { return moodName(m_mood); }
 
     static QString agentsLabelFor(int working, int waiting);
 
@@ -98,13 +101,12 @@ private:
     void setJustFinished(std::optional<QString> label);
     void setPinnedByAlert(bool pinned);
     void clearJustFinishedLater();
-    bool soundOn() const;
     // Recomputes mood, mode and label from the fields, notifying only what changed.
     void publishDerived();
 
     std::unique_ptr<SessionSource> m_source;
     Clock &m_clock;
-    QSettings &m_settings;
+    const IslandSettings &m_settings;
     SoundPlayer &m_sounds;
 
     bool m_expanded = false;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 class QObject;
 
 namespace vaxo {
@@ -11,10 +9,9 @@ class IdleTimeSource;
 class LowPowerSource;
 class WindowVisibilitySource;
 
-// The platform services behind the shared animation gate and scheduler. The program installs its
-// platform once, first thing in main; AppActivity::shared() and IslandScheduler::shared() build
-// their sources from it on first use. Without an installed platform they get no sources: the
-// display stays usable, power is never low and the user never looks idle.
+// Makes the platform's sources behind the animation gate and the scheduler. The composition root asks
+// for them once; a gate or scheduler without them sees a display that stays usable, power that is
+// never low and a user who never looks idle.
 class ActivityPlatform {
 public:
     virtual ~ActivityPlatform() = default;
@@ -24,11 +21,6 @@ public:
     virtual DisplayStateSource *createDisplayStateSource(QObject *parent) = 0;
     virtual LowPowerSource *createLowPowerSource(QObject *parent) = 0;
     virtual WindowVisibilitySource *createWindowVisibilitySource(QObject *parent) = 0;
-
-    // Takes effect for shared objects not yet created; later calls replace the platform.
-    static void install(std::unique_ptr<ActivityPlatform> platform);
-    // The installed platform, or nullptr.
-    static ActivityPlatform *installed();
 };
 
 } // namespace vaxo

@@ -12,6 +12,10 @@ class DisplayStateSource : public QObject {
 public:
     using QObject::QObject;
 
+    // Nobody can see the display now (the session is locked, the screen saver runs), as far as the
+    // platform can tell; false when it cannot.
+    virtual bool isLost() const { return false; }
+
 signals:
     // The screens went to sleep, the machine will sleep, or the screen was locked.
     void displayLost();

@@ -6,10 +6,13 @@ class QObject;
 
 namespace vaxo {
 
+class ActivityPlatform;
+class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
 class PanelShell;
 class Pasteboard;
+class PointerMonitor;
 class SoundPlayer;
 
 // The platform's implementations of the services the program needs, made by the platform folder
@@ -19,8 +22,11 @@ struct PlatformServices {
     PlatformServices(PlatformServices &&) noexcept;
     ~PlatformServices();
 
+    std::unique_ptr<ActivityPlatform> activity;
     std::unique_ptr<SoundPlayer> sounds;
     std::unique_ptr<PanelShell> panelShell;
+    std::unique_ptr<PointerMonitor> pointer;
+    std::unique_ptr<DesktopWindows> desktopWindows;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<FrontmostApp> frontmost;
 
@@ -29,8 +35,7 @@ struct PlatformServices {
 
     // Before the application object: route the log lines to the system log.
     static void installLogging();
-    // After the application object: termination signals quit in order, the shared animation gate and
-    // scheduler get this platform's sources, and the services are made.
+    // After the application object: termination signals quit in order, and the services are made.
     static PlatformServices make();
 };
 

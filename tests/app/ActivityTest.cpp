@@ -2,7 +2,6 @@
 #include "FakeClock.h"
 #include "app/AppActivity.h"
 #include "app/IslandScheduler.h"
-#include "platform/ActivityPlatform.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -34,21 +33,6 @@ struct Rig {
         scheduler.schedule(job("island.clipboard", 0.7, 3));
         scheduler.schedule(job("island.media", 20, 40));
         scheduler.schedule(job("island.fullscreen", 10, 30));
-    }
-};
-
-// Has only a low-power source; counts what it is asked for.
-class CountingPlatform final : public ActivityPlatform {
-public:
-    int made = 0;
-    IdleTimeSource *createIdleTimeSource(QObject *) override { return ++made, nullptr; }
-    DisplayStateSource *createDisplayStateSource(QObject *) override { return ++made, nullptr; }
-    WindowVisibilitySource *createWindowVisibilitySource(QObject *) override { return ++made, nullptr; }
-    LowPowerSource *createLowPowerSource(QObject *) override
-    {
-        auto *power = new test::FakeLowPower;
-        power->low = true;
-        return ++made, power;
     }
 };
 
@@ -212,22 +196,6 @@ private slots:
         rig.scheduler.schedule(rig.job("island.clipboard", 0.7, 3));
         QCOMPARE(rig.scheduler.tier(), Tier::Idle);
         QCOMPARE(rig.clock.activeTimers(), 2);
-    }
-    void sharedBuiltOnFirstUseFromTheInstalledPlatform()
-    {
-        qputenv("VAXO_NO_ANIM", "");
-        auto platform = std::make_unique<CountingPlatform>();
-        CountingPlatform &counting = *platform;
-        ActivityPlatform::install(std::move(platform));
-        QCOMPARE(counting.made, 0);
-        IslandScheduler &scheduler = IslandScheduler::shared();
-        QCOMPARE(&IslandScheduler::shared(), &scheduler);
-        QCOMPARE(&AppActivity::shared(), &AppActivity::shared());
-        QCOMPARE(counting.made, 4);
-        AppActivity::shared().setSummonShowing(true);
-        QVERIFY(!AppActivity::shared().islandAnimating());
-        scheduler.schedule({QStringLiteral("island.fullscreen"), 10, 30, {}, [] {}});
-        QCOMPARE(scheduler.tier(), Tier::Idle); // from the platform's low-power source
     }
 };
 

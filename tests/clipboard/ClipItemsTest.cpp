@@ -83,7 +83,7 @@ void ClipItemsTest::textItem()
     QFETCH(QString, kind);
     QFETCH(QString, preview);
     const ClipItem item = ClipText::textItem(copied, u"ID"_s, 5, u"XTerm"_s);
-    QCOMPARE(item.kindName(), kind);
+    QCOMPARE(rawValue(item.kind), kind);
     QCOMPARE(item.preview, QString(preview).replace("<mask>", kMask));
     QCOMPARE(item.secret, preview.contains("<mask>"));
     QCOMPARE(*item.text, copied); // kept as captured: untrimmed, and a secret's real value for copying back

@@ -3,6 +3,7 @@
 #include "TempHome.h"
 #include "app/AppActivity.h"
 #include "app/IslandScheduler.h"
+#include "app/IslandSettings.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/X11FrontmostApp.h"
 #include "secrets/SecretScanner.h"
@@ -11,7 +12,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -95,7 +95,7 @@ private:
     QByteArray savedFile() const { return test::TempHome::read(m_home->paths().clipboardFile()); }
 
     std::unique_ptr<test::TempHome> m_home;
-    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<IslandSettings> m_settings;
     test::FakeClock m_clock;
     AppActivity m_activity{{}, {}};
     IslandScheduler m_scheduler{m_clock, m_activity, nullptr};
@@ -109,7 +109,7 @@ void IslandClipboardTest::init()
 {
     m_clipboard.reset();
     m_home = std::make_unique<test::TempHome>();
-    m_settings = std::make_unique<QSettings>(m_home->paths().settingsFile(), QSettings::IniFormat);
+    m_settings = std::make_unique<IslandSettings>(m_home->paths().settingsFile());
 }
 
 void IslandClipboardTest::followsCopiesOfOtherPrograms()

@@ -23,31 +23,29 @@ void IslandGeometryTest::metrics()
 void IslandGeometryTest::collapsed_data()
 {
     QTest::addColumn<IslandMetrics>("metrics");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<bool>("music");
+    QTest::addColumn<IslandMode::Kind>("mode");
     QTest::addColumn<QSizeF>("size");
+    using K = IslandMode::Kind;
     const IslandMetrics flat;
     const IslandMetrics notch{true, 200, 37};
-    QTest::newRow("agents") << flat << int(IslandMode::Kind::Agents) << false << QSizeF(350, 38);
-    QTest::newRow("agents beat music") << flat << int(IslandMode::Kind::Agents) << true << QSizeF(350, 38);
-    QTest::newRow("music") << flat << int(IslandMode::Kind::Idle) << true << QSizeF(300, 38);
-    QTest::newRow("finished") << flat << int(IslandMode::Kind::Finished) << false << QSizeF(190, 32);
-    QTest::newRow("idle") << flat << int(IslandMode::Kind::Idle) << false << QSizeF(190, 32);
-    QTest::newRow("notch agents") << notch << int(IslandMode::Kind::Agents) << false << QSizeF(296, 37);
-    QTest::newRow("notch music") << notch << int(IslandMode::Kind::Idle) << true << QSizeF(304, 37);
-    QTest::newRow("notch idle") << notch << int(IslandMode::Kind::Idle) << false << QSizeF(274, 37);
+    QTest::newRow("agents") << flat << K::Agents << QSizeF(350, 38);
+    QTest::newRow("music") << flat << K::Music << QSizeF(300, 38);
+    QTest::newRow("finished") << flat << K::Finished << QSizeF(190, 32);
+    QTest::newRow("idle") << flat << K::Idle << QSizeF(190, 32);
+    QTest::newRow("notch agents") << notch << K::Agents << QSizeF(296, 37);
+    QTest::newRow("notch music") << notch << K::Music << QSizeF(304, 37);
+    QTest::newRow("notch finished") << notch << K::Finished << QSizeF(274, 37);
+    QTest::newRow("notch idle") << notch << K::Idle << QSizeF(274, 37);
 }
 
 void IslandGeometryTest::collapsed()
 {
     QFETCH(IslandMetrics, metrics);
-    QFETCH(int, mode);
-    QFETCH(bool, music);
+    QFETCH(IslandMode::Kind, mode);
     QFETCH(QSizeF, size);
     IslandGeometry::Input in;
     in.metrics = metrics;
-    in.mode = IslandMode::Kind(mode);
-    in.music = music;
+    in.mode = mode;
     QCOMPARE(IslandGeometry::islandSize(in), size);
 }
 

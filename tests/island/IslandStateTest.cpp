@@ -1,11 +1,11 @@
 #include "island/IslandState.h"
 #include "agents/SessionSource.h"
+#include "app/IslandSettings.h"
 #include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
 #include "TempHome.h"
 
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -51,7 +51,7 @@ private slots:
 
 private:
     std::unique_ptr<test::TempHome> m_home;
-    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<IslandSettings> m_settings;
     test::FakeClock m_clock;
     RecordingSounds m_sounds;
     ManualSource *m_source = nullptr;
@@ -61,7 +61,7 @@ private:
 void IslandStateTest::init()
 {
     m_home = std::make_unique<test::TempHome>();
-    m_settings = std::make_unique<QSettings>(m_home->paths().settingsFile(), QSettings::IniFormat);
+    m_settings = std::make_unique<IslandSettings>(m_home->paths().settingsFile());
     m_sounds.played.clear();
     auto source = std::make_unique<ManualSource>();
     m_source = source.get();
@@ -76,18 +76,18 @@ void IslandStateTest::finishIsOnlyWorkingToDoneAndClearsOnItsOwnTimer()
     QVERIFY(!m_state->justFinishedAgent()); // first seen done, and waiting to done, are no finishes
     QCOMPARE(m_sounds.played, QStringList{"Submarine"});
 
-    m_settings->setValue("vaxoIslandSoundName", "Ping");
+    m_settings->setSoundName("Ping");
     m_state->apply({session("a", "working"), session("b", "done"), session("c", "done")});
     QCOMPARE(m_state->justFinishedAgent(), QStringLiteral("label-c"));
     m_clock.advance(3);
     m_state->apply({session("a", "done"), session("b", "done"), session("c", "done")});
     QCOMPARE(m_state->justFinishedAgent(), QStringLiteral("label-a"));
-    QCOMPARE(m_state->modeKind(), QStringLiteral("finished"));
-    QCOMPARE(m_state->moodText(), QStringLiteral("pleased"));
+    QCOMPARE(m_state->modeKind(), IslandMode::Kind::Finished);
+    QCOMPARE(m_state->mood(), Mood::Pleased);
     QCOMPARE(m_sounds.played, (QStringList{"Submarine", "Ping", "Ping"}));
     m_clock.advance(2); // the first finish's clearing clears the second one early
     QVERIFY(!m_state->justFinishedAgent());
-    QCOMPARE(m_state->moodText(), QStringLiteral("resting"));
+    QCOMPARE(m_state->mood(), Mood::Resting);
 
     m_state->stopWatching();
     QVERIFY(m_source->stopped && !m_state->running());
@@ -102,7 +102,7 @@ void IslandStateTest::newWaitPinsOpensAndAlertsOnce()
     m_state->apply({session("a", "waiting", 5), session("b", "waiting")});
     QCOMPARE(m_sounds.played.size(), 2);
 
-    m_settings->setValue("vaxoIslandSound", false); // muted: no sound, but the island still opens
+    m_settings->setSound(false); // muted: no sound, but the island still opens
     m_state->apply({session("c", "working")});
     m_state->apply({session("c", "done"), session("d", "waiting")});
     QVERIFY(m_state->pinnedByAlert() && m_state->justFinishedAgent());
@@ -157,7 +157,7 @@ void IslandStateTest::labelsModesAndWaitingTime()
     QCOMPARE(IslandState::agentsLabelFor(0, 0), QStringLiteral("0 sessions working"));
 
     const double now = m_clock.now();
-    QCOMPARE(m_state->modeKind(), QStringLiteral("idle"));
+    QCOMPARE(m_state->modeKind(), IslandMode::Kind::Idle);
     QCOMPARE(m_state->waitingSeconds(), 0.0);
     m_state->apply({session("a", "working", now - 500), session("b", "waiting", now - 30),
                     session("c", "waiting", now - 90), session("d", "waiting"), session("e", "odd")});
@@ -166,7 +166,7 @@ void IslandStateTest::labelsModesAndWaitingTime()
     m_state->apply({session("b", "waiting", now + 60), session("e", "odd")});
     QCOMPARE(m_state->waitingSeconds(), 0.0); // a clock in the future
     m_state->apply({session("e", "odd")});    // other statuses are no work
-    QCOMPARE(m_state->modeKind(), QStringLiteral("idle"));
+    QCOMPARE(m_state->modeKind(), IslandMode::Kind::Idle);
 }
 
 void IslandStateTest::signalsOnlyOnRealChanges()
@@ -186,7 +186,7 @@ void IslandStateTest::signalsOnlyOnRealChanges()
     m_state->setUserIdle(true);
     m_state->setUserIdle(true);
     QCOMPARE(idle.size(), 1);
-    QCOMPARE(m_state->moodText(), QStringLiteral("sleeping"));
+    QCOMPARE(m_state->mood(), Mood::Sleeping);
 }
 
 QTEST_GUILESS_MAIN(IslandStateTest)

@@ -1,12 +1,6 @@
-#include "agents/LocalHookSource.h"
-#include "app/Clock.h"
-#include "app/IslandScheduler.h"
-#include "clipboard/IslandClipboard.h"
+#include "app/IslandAppDelegate.h"
 #include "island/IslandController.h"
 #include "island/IslandState.h"
-#include "platform/PanelShell.h"
-#include "platform/PlatformServices.h"
-#include "platform/SoundPlayer.h"
 
 #include "TempHome.h"
 
@@ -27,25 +21,15 @@ namespace {
 // The island as the program puts it together, over a throw-away home.
 struct Island {
     explicit Island(bool enabled = true)
-        : settings(home.paths().settingsFile(), QSettings::IniFormat), platform(PlatformServices::make()),
-          state(std::make_unique<LocalHookSource>(home.paths().sessions(), Clock::system(),
-                                                  PlatformServices::newFolderWatcher()),
-                Clock::system(), settings, *platform.sounds),
-          clipboard(*platform.pasteboard, *platform.frontmost, IslandScheduler::shared(), settings, home.paths(),
-                    Clock::system()),
-          controller(state, clipboard, *platform.panelShell, settings)
     {
         if (!enabled)
-            settings.setValue("vaxoIslandEnabled", false);
-        controller.start();
+            QSettings(home.paths().settingsFile(), QSettings::IniFormat).setValue("vaxoIslandEnabled", false);
+        delegate = std::make_unique<IslandAppDelegate>(home.paths());
+        delegate->controller().start();
     }
 
     test::TempHome home;
-    QSettings settings;
-    PlatformServices platform;
-    IslandState state;
-    IslandClipboard clipboard;
-    IslandController controller;
+    std::unique_ptr<IslandAppDelegate> delegate;
 };
 
 } // namespace
@@ -90,15 +74,15 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
 {
     Island island;
     const test::TempHome &home = island.home;
-    IslandState &state = island.state;
-    IslandController &controller = island.controller;
+    IslandState &state = island.delegate->state();
+    IslandController &controller = island.delegate->controller();
 
     QQuickView *panel = controller.panel();
     QVERIFY(panel);
     QVERIFY(QTest::qWaitForWindowExposed(panel));
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     QCOMPARE(panel->geometry(), QRect(screen.center().x() + 1 - 330, screen.top(), 660, 892));
-    QCOMPARE(controller.islandWidth(), 190.0);
+    QCOMPARE(controller.islandSize().width(), 190.0);
     QCOMPARE(inputShape(*panel), QRect((660 - 190) / 2 - 6, 0, 190 + 12, 32 + 6));
     QTRY_COMPARE(pixel(screen.center().x(), 16), QColor(Qt::black));
     // The rendered frame itself, whatever composites it: an opaque body with rounded bottom corners.
@@ -115,11 +99,12 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
     QTRY_COMPARE(state.agentsLabel(), QStringLiteral("1 session needs you"));
     // The alert opens the card and the click area grows with it.
     QVERIFY(state.expanded());
-    QTRY_COMPARE(controller.islandWidth(), 500.0);
-    QTRY_COMPARE(inputShape(*panel), QRect((660 - 500) / 2 - 18, 0, 500 + 36, int(controller.islandHeight()) + 18));
+    QTRY_COMPARE(controller.islandSize().width(), 500.0);
+    QTRY_COMPARE(inputShape(*panel),
+                 QRect((660 - 500) / 2 - 18, 0, 500 + 36, int(controller.islandSize().height()) + 18));
 
     state.collapse();
-    QTRY_COMPARE(controller.islandWidth(), 350.0);
+    QTRY_COMPARE(controller.islandSize().width(), 350.0);
     QTRY_COMPARE(pixel(screen.center().x() - 170, 30), QColor(Qt::black));
     QTRY_COMPARE(pixel(screen.center().x() - 190, 30), QColor(0x33, 0x66, 0x99)); // beside it, the desktop
 }
@@ -127,8 +112,8 @@ void IslandWindowTest::hangsAtTopCentreAndFollowsTheSessionsFolder()
 void IslandWindowTest::disabledIslandShowsNothing()
 {
     Island island(false);
-    QVERIFY(!island.controller.panel());
-    QVERIFY(!island.state.running());
+    QVERIFY(!island.delegate->controller().panel());
+    QVERIFY(!island.delegate->state().running());
 }
 
 QTEST_MAIN(IslandWindowTest)

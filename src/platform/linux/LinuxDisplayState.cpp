@@ -51,6 +51,9 @@ void LinuxDisplayState::followLogind(QDBusConnection system)
     if (m_sessionPath.isEmpty())
         return;
     auto *session = new OrgFreedesktopLogin1SessionInterface(kLogind, m_sessionPath, system, this);
+    session->setTimeout(kLookupTimeoutMs);
+    // A program started on a locked screen starts with the display lost, not at the first change.
+    m_lost = m_lost || session->lockedHint();
     connect(session, &OrgFreedesktopLogin1SessionInterface::Lock, this, &DisplayStateSource::displayLost);
     connect(session, &OrgFreedesktopLogin1SessionInterface::Unlock, this, &DisplayStateSource::displayBack);
     system.connect(kLogind, m_sessionPath, QStringLiteral("org.freedesktop.DBus.Properties"),
@@ -62,11 +65,16 @@ void LinuxDisplayState::followScreenSaver(QDBusConnection session)
 {
     auto *saver = new OrgFreedesktopScreenSaverInterface(QStringLiteral("org.freedesktop.ScreenSaver"),
                                                          QStringLiteral("/org/freedesktop/ScreenSaver"), session, this);
+    saver->setTimeout(kLookupTimeoutMs);
+    QDBusPendingReply<bool> active = saver->GetActive();
+    active.waitForFinished();
+    m_lost = m_lost || (active.isValid() && active.value());
     connect(saver, &OrgFreedesktopScreenSaverInterface::ActiveChanged, this, &LinuxDisplayState::report);
 }
 
 void LinuxDisplayState::report(bool lost)
 {
+    m_lost = lost;
     if (lost)
         emit displayLost();
     else

@@ -18,6 +18,8 @@ public:
 
     // The logind session whose locks are followed; empty when logind did not name one.
     QString sessionPath() const { return m_sessionPath; }
+    // Locked or screen saver active, as read at creation and followed since.
+    bool isLost() const override { return m_lost; }
 
 private slots:
     void report(bool lost);
@@ -28,6 +30,7 @@ private:
     void followScreenSaver(QDBusConnection session);
 
     QString m_sessionPath;
+    bool m_lost = false;
 };
 
 } // namespace vaxo::linux_platform

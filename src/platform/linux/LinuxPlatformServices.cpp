@@ -8,8 +8,10 @@
 
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"
+#include "platform/linux/X11DesktopWindows.h"
 #include "platform/linux/X11FrontmostApp.h"
 #include "platform/linux/X11PanelShell.h"
+#include "platform/linux/XInputPointerMonitor.h"
 
 namespace vaxo {
 
@@ -30,10 +32,12 @@ void PlatformServices::installLogging()
 PlatformServices PlatformServices::make()
 {
     linux_platform::quitOnTerminationSignals();
-    ActivityPlatform::install(std::make_unique<linux_platform::LinuxActivityPlatform>());
     PlatformServices services;
+    services.activity = std::make_unique<linux_platform::LinuxActivityPlatform>();
     services.sounds = std::make_unique<linux_platform::CanberraSoundPlayer>();
     services.panelShell = std::make_unique<linux_platform::X11PanelShell>();
+    services.pointer = std::make_unique<linux_platform::XInputPointerMonitor>();
+    services.desktopWindows = std::make_unique<linux_platform::X11DesktopWindows>();
     services.pasteboard = std::make_unique<linux_platform::QtPasteboard>();
     services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
     return services;

@@ -4,7 +4,6 @@
 #include <QRect>
 #include <QWindow>
 
-#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/shape.h>
 
@@ -28,21 +27,8 @@ XRectangle deviceRect(const QWindow &window, const QRect &rect)
 
 void X11PanelShell::prepare(QWindow &window)
 {
-    Display *dpy = display();
-    if (!dpy)
-        return;
-    const Window id = window.winId();
-    const char *names[] = {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_STATE_STICKY",
-                           "_NET_WM_STATE_ABOVE"};
-    Atom states[4];
-    XInternAtoms(dpy, const_cast<char **>(names), 4, False, states);
-    XChangeProperty(dpy, id, XInternAtom(dpy, "_NET_WM_STATE", False), XA_ATOM, 32, PropModeAppend,
-                    reinterpret_cast<unsigned char *>(states), 4);
-    // On every workspace.
-    const long allDesktops = 0xFFFFFFFF;
-    XChangeProperty(dpy, id, XInternAtom(dpy, "_NET_WM_DESKTOP", False), XA_CARDINAL, 32, PropModeReplace,
-                    reinterpret_cast<const unsigned char *>(&allDesktops), 1);
-    XFlush(dpy);
+    window.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::X11BypassWindowManagerHint |
+                    Qt::WindowDoesNotAcceptFocus | Qt::Tool);
 }
 
 void X11PanelShell::setShape(QWindow &window, const QRect &rect, const QRect &drawnRect)
@@ -54,7 +40,8 @@ void X11PanelShell::setShape(QWindow &window, const QRect &rect, const QRect &dr
     XShapeCombineRectangles(dpy, window.winId(), ShapeInput, 0, 0, &input, rect.isEmpty() ? 0 : 1, ShapeSet, Unsorted);
     if (!compositorRunning()) {
         XRectangle drawn = deviceRect(window, drawnRect);
-        XShapeCombineRectangles(dpy, window.winId(), ShapeBounding, 0, 0, &drawn, 1, ShapeSet, Unsorted);
+        XShapeCombineRectangles(dpy, window.winId(), ShapeBounding, 0, 0, &drawn, drawnRect.isEmpty() ? 0 : 1, ShapeSet,
+                                Unsorted);
     }
     XFlush(dpy);
 }

@@ -1,0 +1,117 @@
+#pragma once
+
+// The platform-free objects and enumerations the views name, registered with QML here so that the
+// libraries that define them need nothing but Qt Core.
+
+#include "app/AppActivity.h"
+#include "app/IslandSettings.h"
+#include "app/Tier.h"
+#include "clipboard/ClipKind.h"
+#include "clipboard/ClipListModel.h"
+#include "clipboard/IslandClipboard.h"
+#include "island/CardLabels.h"
+#include "island/CardMeasures.h"
+#include "island/IslandController.h"
+#include "island/IslandLook.h"
+#include "island/IslandMode.h"
+#include "island/IslandState.h"
+#include "island/Mood.h"
+#include "island/SessionListModel.h"
+#include "island/SessionRow.h"
+#include "island/SessionsSection.h"
+#include "island/SettingsCard.h"
+
+#include <QtQml/qqml.h>
+
+namespace vaxo::qml {
+
+struct AppActivityForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::AppActivity)
+    QML_NAMED_ELEMENT(AppActivity)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct CardLabelsForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::CardLabels)
+    QML_NAMED_ELEMENT(CardLabels)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct CardMeasuresForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::CardMeasures)
+    QML_NAMED_ELEMENT(CardMeasures)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct ClipListModelForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::ClipListModel)
+    QML_NAMED_ELEMENT(ClipListModel)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct IslandClipboardForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::IslandClipboard)
+    QML_NAMED_ELEMENT(IslandClipboard)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct IslandControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::IslandController)
+    QML_NAMED_ELEMENT(IslandController)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct IslandLookForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::IslandLook)
+    QML_NAMED_ELEMENT(IslandLook)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct IslandSettingsForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::IslandSettings)
+    QML_NAMED_ELEMENT(IslandSettings)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct IslandStateForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::IslandState)
+    QML_NAMED_ELEMENT(IslandState)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct SessionListModelForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::SessionListModel)
+    QML_NAMED_ELEMENT(SessionListModel)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct SessionsSectionForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::SessionsSection)
+    QML_NAMED_ELEMENT(SessionsSection)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct SettingsCardForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::SettingsCard)
+    QML_NAMED_ELEMENT(SettingsCard)
+    QML_UNCREATABLE("Made by the program")
+};
+
+// Registers the types above with the views' module, and the enumerations they name (Mood.Waiting,
+// IslandMode.Agents, ...) by hand, once: the type registrar of Qt 6.4 writes code that does not compile
+// for foreign namespaces.
+void registerTypes();
+
+} // namespace vaxo::qml

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/KeyedListModel.h"
+#include "island/SessionRow.h"
+
+namespace vaxo {
+
+// The sessions the card lists, one row each, in the session list's order (waiting first, then the
+// most recently updated). A session that changes status moves its row; one that appears or goes
+// inserts or removes one.
+class SessionListModel : public KeyedListModel {
+    Q_OBJECT
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+public:
+    enum Role {
+        IdRole = Qt::UserRole + 1,
+        AgentRole,
+        LabelRole,
+        IconRole,
+        ElapsedRole,
+        PromptRole,
+        ActionToolRole,
+        ActionRestRole,
+        HasTasksRole,
+        TaskSummaryRole,
+        TasksCompletedRole,
+        TaskSubjectsRole,
+        TaskActiveRole,
+        WaitingForRole,
+        AnswerableRole,
+        AskIdRole,
+        HeightRole,
+    };
+
+    explicit SessionListModel(QObject *parent = nullptr);
+
+    // The first `limit` sessions (all when negative), worded for `now`.
+    void sync(const QList<AgentSession> &sessions, double now, int limit = -1);
+    int count() const { return int(m_rows.size()); }
+    const QList<SessionRow> &rows() const { return m_rows; }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void countChanged();
+
+private:
+    QList<SessionRow> m_rows;
+};
+
+} // namespace vaxo

@@ -1,0 +1,42 @@
+#include "island/SessionRow.h"
+
+#include "island/CardText.h"
+#include "island/IslandGeometry.h"
+
+namespace vaxo {
+
+SessionRow SessionRow::from(const AgentSession &s, double now)
+{
+    SessionRow row;
+    row.id = s.id;
+    row.agent = s.agent;
+    row.label = s.label;
+    row.icon = s.isWorking() ? StatusIcon::Working : s.isWaiting() ? StatusIcon::Waiting : StatusIcon::Done;
+    if (s.started)
+        row.elapsed = CardText::durationText(*s.started, now);
+    row.prompt = s.lastPrompt.value_or(QString());
+    // The last action of a session that is no longer working is history; the row leaves it out, as
+    // the card's size does.
+    if (IslandGeometry::showsAction(s)) {
+        const CardText::ActionLine action = CardText::actionLine(*s.lastAction);
+        row.actionTool = action.tool;
+        row.actionRest = action.rest;
+    }
+    if (s.tasks) {
+        row.hasTasks = true;
+        row.taskSummary = CardText::taskSummary(*s.tasks);
+        if (s.tasks->done > 0)
+            row.tasksCompleted = CardText::tasksCompleted(*s.tasks);
+        for (const AgentTaskItem &item : s.tasks->items) {
+            row.taskSubjects << item.subject;
+            row.taskActive << (item.status == QLatin1String("in_progress"));
+        }
+    }
+    row.waitingFor = s.waitingFor.value_or(QString());
+    row.answerable = s.isAnswerable();
+    row.askId = s.askId.value_or(QString());
+    row.height = IslandGeometry::rowHeight(s);
+    return row;
+}
+
+} // namespace vaxo
