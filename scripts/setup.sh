@@ -6,7 +6,7 @@ set -euo pipefail
 PACKAGES=(
   # build
   build-essential cmake ninja-build pkg-config clang libclang-rt-14-dev
-  qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-tools-dev
+  qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-tools-dev qt6-svg-dev
   libicu-dev libx11-dev libx11-xcb-dev libxcb1-dev libxcb-xinput-dev libxext-dev libxss-dev libcanberra-dev
   libasound2-dev
   qt6-speech-dev
@@ -14,9 +14,9 @@ PACKAGES=(
   qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
   qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-shapes
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
-  python3 procps sound-theme-freedesktop
+  python3 procps sound-theme-freedesktop fonts-inter fonts-jetbrains-mono
   # tests and headless runs
-  xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm
+  xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm hsetroot
   dbus dbus-x11 tmux
 )
 

@@ -24,6 +24,7 @@ class AppActivity : public QObject {
     Q_PROPERTY(bool islandBusy READ islandBusy NOTIFY islandBusyChanged)
     Q_PROPERTY(bool summonShowing READ summonShowing WRITE setSummonShowing NOTIFY summonShowingChanged)
     Q_PROPERTY(bool islandAnimating READ islandAnimating NOTIFY islandAnimatingChanged)
+    Q_PROPERTY(bool frozen READ frozen CONSTANT)
 public:
     // Process-wide switches, each on when its variable is present, whatever its value.
     struct Switches {
@@ -47,6 +48,8 @@ public:
     bool summonShowing() const { return m_summonShowing; }
     bool islandAnimating() const;
     bool debug() const { return m_switches.debug; }
+    // VAXO_NO_ANIM: nothing moves, not even the island's changes of size.
+    bool frozen() const { return m_switches.forceOff; }
 
     void setSummonShowing(bool showing);
 

@@ -11,6 +11,7 @@ namespace vaxo {
 class CardMeasures : public QObject {
     Q_OBJECT
     Q_PROPERTY(double rowHeader MEMBER m_rowHeader CONSTANT)
+    Q_PROPERTY(double rowPadding MEMBER m_rowPadding CONSTANT)
     Q_PROPERTY(double rowLine MEMBER m_rowLine CONSTANT)
     Q_PROPERTY(double tasksSummary MEMBER m_tasksSummary CONSTANT)
     Q_PROPERTY(double tasksCompleted MEMBER m_tasksCompleted CONSTANT)
@@ -20,6 +21,10 @@ class CardMeasures : public QObject {
     Q_PROPERTY(double cardBottom MEMBER m_cardBottom CONSTANT)
     Q_PROPERTY(double settingsRow MEMBER m_settingsRow CONSTANT)
     Q_PROPERTY(double clipRow MEMBER m_clipRow CONSTANT)
+    Q_PROPERTY(double collapsedTopRadius MEMBER m_collapsedTopRadius CONSTANT)
+    Q_PROPERTY(double collapsedBottomRadius MEMBER m_collapsedBottomRadius CONSTANT)
+    Q_PROPERTY(double expandedTopRadius MEMBER m_expandedTopRadius CONSTANT)
+    Q_PROPERTY(double expandedBottomRadius MEMBER m_expandedBottomRadius CONSTANT)
 
 public:
     // Each row of the settings card; a backdrop adds two.
@@ -30,6 +35,7 @@ public:
 
 private:
     double m_rowHeader = IslandGeometry::kRowHeader;
+    double m_rowPadding = 12; // above the label and below the row's last line, within the header's height
     double m_rowLine = IslandGeometry::kRowLine;
     double m_tasksSummary = IslandGeometry::kTasksSummary;
     double m_tasksCompleted = IslandGeometry::kTasksCompleted;
@@ -39,6 +45,10 @@ private:
     double m_cardBottom = IslandGeometry::kCardBottom;
     double m_settingsRow = kSettingsRow;
     double m_clipRow = kClipRow;
+    double m_collapsedTopRadius = IslandGeometry::kCollapsedTopRadius;
+    double m_collapsedBottomRadius = IslandGeometry::kCollapsedBottomRadius;
+    double m_expandedTopRadius = IslandGeometry::kExpandedTopRadius;
+    double m_expandedBottomRadius = IslandGeometry::kExpandedBottomRadius;
 };
 
 } // namespace vaxo

@@ -32,6 +32,7 @@ IslandController::IslandController(const IslandRoot::Parts &parts, QList<Feeder 
         watchPointer();
         emit concealedChanged();
     });
+    connect(&m_state, &IslandState::modeChanged, this, &IslandController::stripKindChanged);
     connect(&m_services.pointer, &PointerMonitor::pressed, this, [this] { m_pointer->pressed(QCursor::pos()); });
     connect(&m_services.pointer, &PointerMonitor::moved, this, &IslandController::syncPointer);
     connect(&m_services.windows, &DesktopWindows::changed, this, [this] {
@@ -197,7 +198,10 @@ void IslandController::applyShape()
     if (!m_panel)
         return;
     const bool hidden = m_pointer->concealed();
-    const QRectF drawn((m_panel->width() - m_islandSize.width()) / 2, 0, m_islandSize.width(), m_islandSize.height());
+    // The outline's top corners flare out beside the body.
+    const double flare = m_state.expanded() ? IslandGeometry::kExpandedTopRadius : IslandGeometry::kCollapsedTopRadius;
+    const QRectF drawn((m_panel->width() - m_islandSize.width()) / 2 - flare, 0, m_islandSize.width() + 2 * flare,
+                       m_islandSize.height());
     m_services.shell.setShape(*m_panel, hidden ? QRect() : m_interactive.toAlignedRect(),
                               hidden ? QRect() : drawn.toAlignedRect());
 }

@@ -32,6 +32,11 @@ public:
     static constexpr double kMediaPlaying = 40;
     static constexpr double kMediaPaused = 34;
     static constexpr double kPanelSlack = 24; // the tallest card leaves this much of the panel free
+    // The outline's radii: how far the top corners flare out beside the body, and the bottom corners.
+    static constexpr double kCollapsedTopRadius = 6;
+    static constexpr double kCollapsedBottomRadius = 14;
+    static constexpr double kExpandedTopRadius = 14;
+    static constexpr double kExpandedBottomRadius = 30;
 
     struct Input {
         IslandMode::Kind mode = IslandMode::Kind::Idle;

@@ -8,15 +8,39 @@
 
 namespace vaxo {
 
-IslandLook::IslandLook(const IslandSettings &settings, const IslandState &state, QObject *parent)
+namespace {
+
+const QStringList kTabs{QStringLiteral("agents"), QStringLiteral("music"), QStringLiteral("clipboard")};
+const QStringList kIcons{QStringLiteral("face"), QStringLiteral("dot"), QStringLiteral("none")};
+
+} // namespace
+
+IslandLook::IslandLook(IslandSettings &settings, const IslandState &state, QObject *parent)
     : QObject(parent), m_settings(settings), m_state(state)
 {
+    connect(&settings, &IslandSettings::tabChanged, this, &IslandLook::tabChanged);
+    connect(&settings, &IslandSettings::iconChanged, this, &IslandLook::restIconChanged);
     connect(&settings, &IslandSettings::accentChanged, this, &IslandLook::update);
     connect(&state, &IslandState::moodChanged, this, &IslandLook::update);
     for (auto signal : {&IslandSettings::backdropChanged, &IslandSettings::backdropStrengthChanged,
                         &IslandSettings::backdropFocusChanged})
         connect(&settings, signal, this, &IslandLook::update);
     update();
+}
+
+IslandLook::Tab IslandLook::tab() const
+{
+    return Tab(std::max<qsizetype>(0, kTabs.indexOf(m_settings.tab())));
+}
+
+void IslandLook::setTab(Tab tab)
+{
+    m_settings.setTab(kTabs.at(int(tab)));
+}
+
+IslandLook::RestIcon IslandLook::restIcon() const
+{
+    return RestIcon(std::max<qsizetype>(0, kIcons.indexOf(m_settings.icon())));
 }
 
 QString IslandLook::waiting() const

@@ -8,10 +8,13 @@ namespace vaxo {
 class IslandSettings;
 class IslandState;
 
-// How the island is drawn now: the chosen accent, the colour of the character's mood, and the backdrop
-// behind the card (its image's address for the views, and how strongly it shows).
+// How the island is drawn now: the chosen accent, the colour of the character's mood, what stands for
+// Vaxo at rest, the card's tab, and the backdrop behind the card (its image's address for the views, and
+// how strongly it shows).
 class IslandLook : public QObject {
     Q_OBJECT
+    Q_PROPERTY(vaxo::IslandLook::Tab tab READ tab WRITE setTab NOTIFY tabChanged)
+    Q_PROPERTY(vaxo::IslandLook::RestIcon restIcon READ restIcon NOTIFY restIconChanged)
     Q_PROPERTY(QString accent READ accent NOTIFY accentChanged)
     Q_PROPERTY(QString moodColor READ moodColor NOTIFY moodColorChanged)
     Q_PROPERTY(QString backdrop READ backdrop NOTIFY backdropChanged)
@@ -20,7 +23,18 @@ class IslandLook : public QObject {
     Q_PROPERTY(QString done READ done CONSTANT)
 
 public:
-    IslandLook(const IslandSettings &settings, const IslandState &state, QObject *parent = nullptr);
+    enum class Tab { Agents, Music, Clipboard };
+    Q_ENUM(Tab)
+    enum class RestIcon { Face, Dot, None };
+    Q_ENUM(RestIcon)
+
+    IslandLook(IslandSettings &settings, const IslandState &state, QObject *parent = nullptr);
+
+    // The stored "vaxoIslandTab"; a value the card does not know opens the agents.
+    Tab tab() const;
+    void setTab(Tab tab);
+    // The stored "Icon" setting; a value the settings do not offer shows the face.
+    RestIcon restIcon() const;
 
     QString accent() const { return m_accent; }
     QString moodColor() const { return m_moodColor; }
@@ -37,6 +51,8 @@ public:
     QString done() const;
 
 signals:
+    void tabChanged();
+    void restIconChanged();
     void accentChanged();
     void moodColorChanged();
     void backdropChanged();
@@ -44,7 +60,7 @@ signals:
 private:
     void update();
 
-    const IslandSettings &m_settings;
+    IslandSettings &m_settings;
     const IslandState &m_state;
     QString m_accent;
     QString m_moodColor;

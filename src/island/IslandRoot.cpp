@@ -3,9 +3,11 @@
 #include "clipboard/IslandClipboard.h"
 #include "island/CardLabels.h"
 #include "island/CardMeasures.h"
+#include "island/GlyphImages.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QQmlEngine>
 #include <QQuickImageProvider>
 #include <QUrl>
@@ -68,6 +70,7 @@ IslandRoot::IslandRoot(const Parts &parts, IslandController *controller, QObject
 void IslandRoot::installImageProviders(QQmlEngine &engine) const
 {
     engine.addImageProvider(QStringLiteral("clips"), new ClipThumbnails(*m_parts.clipboard));
+    engine.addImageProvider(QStringLiteral("glyph"), new GlyphImages);
     engine.addImageProvider(QStringLiteral("backdrop"), new Backdrops(m_parts.backgrounds));
 }
 

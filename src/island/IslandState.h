@@ -34,6 +34,8 @@ class IslandState : public QObject, public Feeder {
     Q_PROPERTY(bool pointerInside READ pointerInside WRITE setPointerInside NOTIFY pointerInsideChanged)
     Q_PROPERTY(vaxo::Mood mood READ mood NOTIFY moodChanged)
     Q_PROPERTY(vaxo::IslandMode::Kind modeKind READ modeKind NOTIFY modeChanged)
+    Q_PROPERTY(int workingCount READ workingCount NOTIFY modeChanged)
+    Q_PROPERTY(int waitingCount READ waitingCount NOTIFY modeChanged)
     Q_PROPERTY(QString agentsLabel READ agentsLabel NOTIFY agentsLabelChanged)
     Q_PROPERTY(bool userIdle READ userIdle WRITE setUserIdle NOTIFY userIdleChanged)
 
@@ -80,6 +82,9 @@ public:
     double waitingSeconds() const;
     IslandMode mode() const { return m_mode; }
     IslandMode::Kind modeKind() const { return m_mode.kind; }
+    // The agents mode's counts; 0 in the other modes.
+    int workingCount() const { return m_mode.working; }
+    int waitingCount() const { return m_mode.waiting; }
     QString agentsLabel() const { return m_agentsLabel; }
     Mood mood() const { return m_mood; }
 

@@ -1,6 +1,7 @@
 #include "island/SessionsSection.h"
 
 #include "agents/AskDecision.h"
+#include "agents/StatusLine.h"
 #include "app/Clock.h"
 #include "app/Timer.h"
 #include "island/CardText.h"
@@ -17,7 +18,9 @@ SessionsSection::SessionsSection(const IslandState &state, const AskDecision &de
     m_ticker->setRepeating(true);
     m_ticker->setCoarse(true);
     connect(m_ticker, &Timer::timeout, this, &SessionsSection::refresh);
-    connect(&state, &IslandState::agentSessionsChanged, this, &SessionsSection::refresh);
+    for (auto signal :
+         {&IslandState::agentSessionsChanged, &IslandState::justFinishedAgentChanged, &IslandState::userIdleChanged})
+        connect(&state, signal, this, &SessionsSection::refresh);
     refresh();
 }
 
@@ -42,6 +45,14 @@ void SessionsSection::refresh()
     m_rows->sync(sessions, now, kListedRows);
 
     View view;
+    QStringList waitingLabels, workingLabels;
+    for (const AgentSession &s : sessions) {
+        if (s.isWaiting())
+            waitingLabels << s.label;
+        else if (s.isWorking())
+            workingLabels << s.label;
+    }
+    view.headline = StatusLine::compose(waitingLabels, workingLabels, m_state.justFinishedAgent(), m_state.userIdle());
     view.empty = sessions.isEmpty();
     view.moreRunning = CardText::moreRunning(int(sessions.size()) - kListedRows);
     const QList<AgentSession> waiting = m_state.waitingSessions();

@@ -12,12 +12,14 @@ class IslandState;
 class Timer;
 
 // The agents area of the card: the first two sessions as rows, the line about the rest, the waiting
-// caption for the session that waits longest in the list's order, and the answer to its question.
+// caption for the first waiting session of the list, the answer to its question, and the sentence that
+// sums the agents up.
 // Elapsed times are worded again once a minute, only while the section is shown. Main thread only.
 class SessionsSection : public QObject {
     Q_OBJECT
     Q_PROPERTY(vaxo::SessionListModel *rows READ rows CONSTANT)
     Q_PROPERTY(bool shown READ shown WRITE setShown NOTIFY shownChanged)
+    Q_PROPERTY(QString headline READ headline NOTIFY changed)
     Q_PROPERTY(bool empty READ empty NOTIFY changed)
     Q_PROPERTY(QString moreRunning READ moreRunning NOTIFY changed)
     Q_PROPERTY(bool waiting READ waiting NOTIFY changed)
@@ -45,6 +47,8 @@ public:
     bool shown() const { return m_shown; }
     void setShown(bool shown);
 
+    // The sentence about the agents: who waits, who just finished, how many work.
+    QString headline() const { return m_view.headline; }
     bool empty() const { return m_view.empty; }
     QString moreRunning() const { return m_view.moreRunning; }
     bool waiting() const { return !m_view.waitingId.isEmpty(); }
@@ -71,6 +75,7 @@ signals:
 
 private:
     struct View {
+        QString headline;
         bool empty = true;
         QString moreRunning;
         QString waitingId, waitingLabel, waitingFor;

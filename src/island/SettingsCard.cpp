@@ -20,10 +20,10 @@ QString SettingsCard::title() const
 
 QStringList SettingsCard::rowLabels() const
 {
-    return {QStringLiteral("Icon"),      QStringLiteral("Accent"),     QStringLiteral("Animation"),
-            QStringLiteral("Sounds"),    QStringLiteral("Done sound"), QStringLiteral("Backdrop"),
-            QStringLiteral("Depth"),     QStringLiteral("Focus"),      QStringLiteral("Music"),
-            QStringLiteral("Clipboard"), QStringLiteral("Clips"),      QStringLiteral("Speech")};
+    return {QStringLiteral("Icon"),   QStringLiteral("Accent"),   QStringLiteral("Animation"),
+            QStringLiteral("Sounds"), QStringLiteral("Backdrop"), QStringLiteral("Depth"),
+            QStringLiteral("Focus"),  QStringLiteral("Music"),    QStringLiteral("Clipboard"),
+            QStringLiteral("Clips"),  QStringLiteral("Speech")};
 }
 
 QStringList SettingsCard::iconValues() const
@@ -44,6 +44,14 @@ QStringList SettingsCard::accentValues() const
 QStringList SettingsCard::accentLabels() const
 {
     return Palette::accentLabels();
+}
+
+QStringList SettingsCard::accentColors() const
+{
+    QStringList colors;
+    for (const QString &name : Palette::accentNames())
+        colors << Palette::accent(name);
+    return colors;
 }
 
 QStringList SettingsCard::animValues() const

@@ -16,6 +16,7 @@ class SettingsCard : public QObject {
     Q_PROPERTY(QStringList iconLabels READ iconLabels CONSTANT)
     Q_PROPERTY(QStringList accentValues READ accentValues CONSTANT)
     Q_PROPERTY(QStringList accentLabels READ accentLabels CONSTANT)
+    Q_PROPERTY(QStringList accentColors READ accentColors CONSTANT)
     Q_PROPERTY(QStringList animValues READ animValues CONSTANT)
     Q_PROPERTY(QStringList animLabels READ animLabels CONSTANT)
     Q_PROPERTY(QStringList soundValues READ soundValues CONSTANT)
@@ -31,7 +32,7 @@ class SettingsCard : public QObject {
 
 public:
     // The rows, in the card's order; rowLabels() has their words.
-    enum Row { Icon, Accent, Animation, Sounds, DoneSound, Backdrop, Depth, Focus, Music, Clipboard, Clips, Speech };
+    enum Row { Icon, Accent, Animation, Sounds, Backdrop, Depth, Focus, Music, Clipboard, Clips, Speech };
     Q_ENUM(Row)
 
     // backgrounds: the folder of backdrop images (AppPaths::backgrounds()).
@@ -43,6 +44,7 @@ public:
     QStringList iconLabels() const;
     QStringList accentValues() const;
     QStringList accentLabels() const;
+    QStringList accentColors() const;
     QStringList animValues() const;
     QStringList animLabels() const;
     QStringList soundValues() const;

@@ -1,0 +1,123 @@
+import QtQuick
+import Vaxo.Island
+
+// One session of the list: its status, label and time, then its last prompt, what it does now, and
+// its tasks. Every line's height comes from the same measures that size the card.
+Item {
+    id: row
+
+    required property IslandRoot root
+    required property string label
+    required property int statusIcon
+    required property string elapsed
+    required property string prompt
+    required property string actionTool
+    required property string actionRest
+    required property bool hasTasks
+    required property string taskSummary
+    required property string tasksCompleted
+    required property list<string> taskSubjects
+    required property list<bool> taskActive
+    required property real rowHeight
+
+    readonly property CardMeasures measures: root.measures
+
+    height: rowHeight
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 12
+        color: Qt.rgba(1, 1, 1, 0.06)
+    }
+
+    Column {
+        anchors.fill: parent
+        anchors.leftMargin: 14
+        anchors.rightMargin: 14
+        topPadding: row.measures.rowPadding
+
+        Item {
+            width: parent.width
+            height: row.measures.rowHeader - 2 * row.measures.rowPadding
+
+            StatusGlyph {
+                id: status
+                anchors.verticalCenter: parent.verticalCenter
+                root: row.root
+                icon: row.statusIcon
+            }
+            Text {
+                anchors.left: status.right
+                anchors.leftMargin: 8
+                anchors.right: time.left
+                anchors.rightMargin: 8
+                anchors.verticalCenter: parent.verticalCenter
+                text: row.label
+                color: "white"
+                font.family: "Inter"
+                font.pixelSize: 12
+                font.weight: Font.Bold
+                elide: Text.ElideRight
+            }
+            Text {
+                id: time
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                text: row.elapsed
+                color: Qt.rgba(1, 1, 1, 0.45)
+                font.family: "Inter"
+                font.pixelSize: 10
+                font.weight: Font.DemiBold
+            }
+        }
+
+        Text {
+            visible: row.prompt.length > 0
+            width: parent.width
+            height: row.measures.rowLine
+            verticalAlignment: Text.AlignTop
+            text: row.prompt
+            color: Qt.rgba(1, 1, 1, 0.6)
+            font.family: "Inter"
+            font.pixelSize: 11
+            font.italic: true
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        Row {
+            visible: row.actionTool.length > 0
+            width: parent.width
+            height: row.measures.rowLine
+            spacing: 5
+
+            Text {
+                id: tool
+                text: row.actionTool
+                color: "white"
+                font.family: "Inter"
+                font.pixelSize: 11
+                font.weight: Font.Bold
+            }
+            Text {
+                width: parent.width - tool.width - 5
+                text: row.actionRest
+                color: Qt.rgba(1, 1, 1, 0.75)
+                font.family: "JetBrains Mono"
+                font.pixelSize: 11
+                elide: Text.ElideMiddle
+            }
+        }
+
+        TaskBlock {
+            visible: row.hasTasks
+            width: parent.width
+            summary: row.taskSummary
+            completed: row.tasksCompleted
+            subjects: row.taskSubjects
+            active: row.taskActive
+            measures: row.measures
+            accent: row.root.look.accent
+        }
+    }
+}

@@ -1,0 +1,69 @@
+import QtQuick
+import Vaxo.Island
+
+// The open island: the tabs and the gear along the top, Vaxo and the waiting question below them, then
+// the chosen tab; or, behind the gear, the settings.
+Item {
+    id: card
+
+    required property IslandRoot root
+    readonly property IslandLook look: root.look
+    readonly property bool settingsOpen: root.state.showSettings
+
+    CardHeader {
+        id: header
+        width: card.width
+        height: card.root.controller.notchHeight
+        root: card.root
+    }
+
+    TopArea {
+        id: top
+        visible: !card.settingsOpen
+        anchors.top: header.bottom
+        width: card.width
+        height: card.root.measures.cardTop
+        root: card.root
+    }
+
+    Item {
+        id: body
+        visible: !card.settingsOpen
+        anchors.top: top.bottom
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: card.root.measures.cardBottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 18
+        anchors.rightMargin: 18
+
+        AgentsTab {
+            visible: card.look.tab === IslandLook.Agents
+            width: body.width
+            root: card.root
+        }
+        MusicTab {
+            visible: card.look.tab === IslandLook.Music
+            anchors.fill: parent
+            root: card.root
+        }
+        ClipboardSection {
+            visible: card.look.tab === IslandLook.Clipboard
+            width: body.width
+            listHeight: body.height - 30
+            root: card.root
+        }
+    }
+
+    SettingsView {
+        visible: card.settingsOpen
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: card.root.measures.cardBottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 18
+        anchors.rightMargin: 18
+        root: card.root
+    }
+}

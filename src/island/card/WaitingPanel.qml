@@ -1,0 +1,107 @@
+import QtQuick
+import Vaxo.Island
+
+// The session that waits for the user: the caption, which session it is, what it asks to do, and the
+// answer buttons when the island can answer; below, how many more wait.
+Column {
+    id: panel
+
+    required property IslandRoot root
+    readonly property SessionsSection section: root.sessions
+
+    spacing: 8
+
+    Row {
+        spacing: 6
+
+        Glyph {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 13
+            height: 13
+            name: "disc"
+            color: panel.root.look.waiting
+
+            Glyph {
+                anchors.fill: parent
+                name: "exclamation"
+                stroke: 2.6
+                color: "black"
+            }
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: panel.section.needsPermission
+            color: panel.root.look.waiting
+            font.family: "Inter"
+            font.pixelSize: 12
+            font.weight: Font.DemiBold
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: panel.section.waited.length > 0
+            text: "\u00B7 " + panel.section.waited
+            color: Qt.rgba(1, 1, 1, 0.45)
+            font.family: "Inter"
+            font.pixelSize: 11
+        }
+    }
+
+    Text {
+        width: panel.width
+        text: panel.section.waitingLabel
+        color: "white"
+        font.family: "Inter"
+        font.pixelSize: 15
+        font.weight: Font.Bold
+        elide: Text.ElideRight
+    }
+
+    AskLine {
+        width: panel.width
+        tool: panel.section.askTool
+        target: panel.section.askTarget
+    }
+
+    Text {
+        width: panel.width
+        visible: text.length > 0
+        text: panel.section.waitingFor
+        color: Qt.rgba(1, 1, 1, 0.55)
+        font.family: "Inter"
+        font.pixelSize: 11
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
+    }
+
+    Row {
+        visible: panel.section.answerable
+        spacing: 8
+        topPadding: 2
+
+        AnswerButton {
+            objectName: "denyButton"
+            label: panel.root.labels.deny
+            allow: false
+            green: panel.root.look.done
+            onClicked: panel.section.answer(panel.section.askId, false)
+        }
+        AnswerButton {
+            objectName: "allowButton"
+            label: panel.root.labels.allow
+            allow: true
+            green: panel.root.look.done
+            onClicked: panel.section.answer(panel.section.askId, true)
+        }
+    }
+
+    Text {
+        visible: text.length > 0
+        text: panel.section.moreWaiting
+        color: panel.root.look.waiting
+        opacity: 0.85
+        font.family: "Inter"
+        font.pixelSize: 11
+        font.weight: Font.Medium
+    }
+}
