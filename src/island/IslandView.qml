@@ -21,6 +21,7 @@ Item {
 
     Item {
         id: island
+        objectName: "island"
 
         anchors.horizontalCenter: parent.horizontalCenter
         width: view.controller.islandSize.width
