@@ -1,4 +1,5 @@
 #include "FakeClock.h"
+#include "PrivatePlayers.h"
 #include "TempHome.h"
 #include "TestTable.h"
 #include "app/AppActivity.h"
@@ -12,20 +13,17 @@
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
-
-#include <csignal>
 
 using namespace vaxo;
 using namespace vaxo::linux_platform;
 
 namespace {
 
-const QString kMpv = QStringLiteral("org.mpris.MediaPlayer2.mpv");
+const QString kMpv = QString::fromLatin1(test::PrivatePlayers::kMpv);
 
 // A player that answers with the wrong types.
 class StandInGarbage : public QObject {
@@ -63,59 +61,32 @@ private:
         players.readPlayers([&](const std::optional<NowPlaying> &record) { answer = record; });
         return QTest::qWaitFor([&] { return answer.has_value(); }, 10000) ? *answer : std::nullopt;
     }
-    // A new mpv on the private bus, playing the tone; the caller owns it.
-    QProcess *startMpv()
+    // Another mpv, on the bus under its instance name.
+    QProcess *secondMpv(QString &name)
     {
-        auto *mpv = new QProcess(this);
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("DBUS_SESSION_BUS_ADDRESS", m_address);
-        mpv->setProcessEnvironment(env);
-        mpv->start("mpv", {"--no-video", "--ao=null", "--no-terminal", "--loop-file=inf", m_tone});
-        return mpv;
-    }
-    static void end(QProcess *process)
-    {
-        ::kill(pid_t(process->processId()), SIGCONT);
-        process->kill();
-        process->waitForFinished();
-        delete process;
+        QProcess *mpv = m_peers.startMpv();
+        name = test::PrivatePlayers::busName(*mpv, false);
+        return QTest::qWaitFor([&] { return m_bus.interface()->isServiceRegistered(name); }, 20000) ? mpv : nullptr;
     }
 
     test::TempHome m_home;
     test::FakeClock m_clock;
-    QProcess m_daemon;
-    QString m_address;
-    QString m_tone;
+    test::PrivatePlayers m_peers;
     QDBusConnection m_bus{QString()};
-    QProcess *m_mpv = nullptr;
 };
 
 void MprisPlayersTest::initTestCase()
 {
-    m_daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
-    QVERIFY(m_daemon.waitForReadyRead(10000));
-    m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-    m_bus = QDBusConnection::connectToBus(m_address, QStringLiteral("players"));
+    QVERIFY(m_peers.ready());
+    m_bus = QDBusConnection::connectToBus(m_peers.address(), QStringLiteral("players"));
     QVERIFY(m_bus.isConnected());
-
-    m_tone = m_home.root() + "/tone.ogg";
-    QCOMPARE(QProcess::execute("sox", {"-n", "-r", "8000", "-c", "1", "--comment", "TITLE=Test Tone", "--add-comment",
-                                       "ARTIST=The Sines", m_tone, "synth", "60", "sine", "440"}),
-             0);
-    test::TempHome::write(m_home.root() + "/cover.png",
-                          QByteArray::fromHex("89504e470d0a1a0a0000000d49484452000000010000000108060000001f15c489000000"
-                                              "0d4944415478da63f8ffff3f0005fe02fea7d9a0e50000000049454e44ae426082"));
-    m_mpv = startMpv();
+    m_peers.startMpv();
     QTRY_VERIFY_WITH_TIMEOUT(m_bus.interface()->isServiceRegistered(kMpv), 20000);
 }
 
 void MprisPlayersTest::cleanupTestCase()
 {
-    if (m_mpv)
-        end(m_mpv);
     QDBusConnection::disconnectFromBus(QStringLiteral("players"));
-    m_daemon.kill();
-    m_daemon.waitForFinished();
 }
 
 void MprisPlayersTest::sources_data()
@@ -221,7 +192,7 @@ void MprisPlayersTest::readsWhatMpvPlays()
     QVERIFY(now->elapsed && *now->elapsed >= 0 && *now->elapsed <= 60);
     QCOMPARE(now->capturedAt, m_clock.now());
     QVERIFY(now->artwork);
-    QCOMPARE(now->artwork->url, QUrl::fromLocalFile(m_home.root() + "/cover.png"));
+    QCOMPARE(now->artwork->url, QUrl::fromLocalFile(m_peers.cover()));
     QCOMPARE(read(players)->artwork, now->artwork); // the same cover object: nothing new to publish
 }
 
@@ -255,8 +226,9 @@ void MprisPlayersTest::secondAndVanishingPlayers()
     QTRY_VERIFY(done);
     QTRY_VERIFY(!read(players)->isPlaying);
 
-    QProcess *second = startMpv(); // a playing player wins over a paused one of the same source
-    const QString name = kMpv + ".instance" + QString::number(second->processId());
+    QString name; // a playing player wins over a paused one of the same source
+    QProcess *second = secondMpv(name);
+    QVERIFY(second);
     QTRY_VERIFY_WITH_TIMEOUT(read(players) && read(players)->player == name && read(players)->isPlaying, 20000);
 
     QSignalSpy gone(&players, &MediaPlayers::playerGone);
@@ -264,7 +236,7 @@ void MprisPlayersTest::secondAndVanishingPlayers()
     QVERIFY(gone.wait(10000));
     QCOMPARE(gone.first().first().toString(), name);
     QCOMPARE(read(players)->player, kMpv);
-    end(second);
+    m_peers.end(second);
 
     done = false; // back to playing for the tests after
     players.send(*read(players), MediaCommand::PlayPause, [&] { done = true; });
@@ -277,14 +249,14 @@ void MprisPlayersTest::silentAndGarbledPlayersBlockNobody()
     StandInGarbage garbage;
     thread.start();
     garbage.moveToThread(&thread);
-    QDBusConnection garbled = QDBusConnection::connectToBus(m_address, QStringLiteral("garbled"));
+    QDBusConnection garbled = QDBusConnection::connectToBus(m_peers.address(), QStringLiteral("garbled"));
     QVERIFY(garbled.registerObject("/org/mpris/MediaPlayer2", &garbage, QDBusConnection::ExportAllProperties));
     QVERIFY(garbled.registerService(MprisRecord::kNamePrefix + QStringLiteral("garbage")));
 
-    QProcess *silent = startMpv(); // a player that hangs: stopped, it answers nothing
-    const QString name = kMpv + ".instance" + QString::number(silent->processId());
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus.interface()->isServiceRegistered(name), 20000);
-    ::kill(pid_t(silent->processId()), SIGSTOP);
+    QString name; // a player that hangs: frozen, it answers nothing
+    QProcess *silent = secondMpv(name);
+    QVERIFY(silent);
+    test::PrivatePlayers::freeze(*silent, true);
 
     MprisMediaPlayers players(m_bus, m_clock);
     QSignalSpy notes(&players, &MediaPlayers::note);
@@ -302,8 +274,7 @@ void MprisPlayersTest::silentAndGarbledPlayersBlockNobody()
     QCOMPARE(notes.count(), 1);
     QVERIFY(notes.first().first().toString().startsWith("no answer from " + name + ": "));
 
-    ::kill(pid_t(silent->processId()), SIGCONT);
-    end(silent);
+    m_peers.end(silent);
     QDBusConnection::disconnectFromBus(QStringLiteral("garbled"));
     thread.quit();
     thread.wait();
