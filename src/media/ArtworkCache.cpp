@@ -22,7 +22,7 @@ QByteArray ArtworkCache::imageFormat(const QByteArray &head)
 
 ArtworkRef ArtworkCache::image(const QString &url)
 {
-    const QUrl parsed(url, QUrl::StrictMode);
+    const QUrl parsed(url);
     if (!parsed.isValid() || !parsed.isLocalFile())
         return nullptr;
     if (const auto hit = m_images.constFind(url); hit != m_images.constEnd())
