@@ -6,7 +6,8 @@ cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 bash scripts/build.sh >/dev/null
 for bench in build/bench/agents/bench_session_reload build/bench/agents/bench_hook \
-             build/bench/app/bench_tier_wakeups build/bench/secrets/bench_secrets; do
+             build/bench/app/bench_tier_wakeups build/bench/media/bench_mpris_refresh \
+             build/bench/secrets/bench_secrets; do
   echo "== ${bench##*/}"
   "$bench"
 done

@@ -18,6 +18,7 @@ PACKAGES=(
   # tests and headless runs
   xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm hsetroot
   dbus dbus-x11 tmux
+  mpv mpv-mpris sox
 )
 
 missing=()

@@ -13,8 +13,11 @@
 #include "island/IslandState.h"
 #include "island/SessionsSection.h"
 #include "island/SettingsCard.h"
+#include "media/IslandMedia.h"
+#include "media/MusicSection.h"
 #include "platform/ActivityPlatform.h"
 #include "platform/DesktopWindows.h"
+#include "platform/MediaPlayers.h"
 #include "platform/PanelShell.h"
 #include "platform/PointerMonitor.h"
 #include "platform/SoundPlayer.h"
@@ -39,17 +42,21 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
 
     auto source = std::make_unique<LocalHookSource>(m_paths.sessions(), clock, PlatformServices::newFolderWatcher());
     m_state = std::make_unique<IslandState>(std::move(source), clock, *m_settings, *m_platform.sounds);
+    m_media = std::make_unique<IslandMedia>(*m_platform.media, *m_scheduler, *m_settings, m_paths, clock,
+                                            IslandMedia::Switches::fromEnvironment());
+    m_music = std::make_unique<MusicSection>(*m_media, *m_activity, clock);
     m_clipboard = std::make_unique<IslandClipboard>(*m_platform.pasteboard, *m_platform.frontmost, *m_scheduler,
                                                     *m_settings, m_paths, clock);
     m_sessions = std::make_unique<SessionsSection>(*m_state, *m_decisions, clock);
     m_look = std::make_unique<IslandLook>(*m_settings, *m_state);
     m_settingsCard = std::make_unique<SettingsCard>(m_paths.backgrounds());
 
-    const IslandRoot::Parts parts{m_state.get(),    m_settings.get(), m_sessions.get(),     m_clipboard.get(),
-                                  m_activity.get(), m_look.get(),     m_settingsCard.get(), m_paths.backgrounds()};
+    const IslandRoot::Parts parts{m_state.get(),     m_settings.get(),     m_sessions.get(),
+                                  m_clipboard.get(), m_music.get(),        m_activity.get(),
+                                  m_look.get(),      m_settingsCard.get(), m_paths.backgrounds()};
     // The feeders in the order the island starts them: sessions, then media, then the clipboard.
     m_controller = std::make_unique<IslandController>(
-        parts, QList<Feeder *>{m_state.get(), m_clipboard.get()}, *m_scheduler,
+        parts, QList<Feeder *>{m_state.get(), m_media.get(), m_clipboard.get()}, *m_scheduler,
         IslandController::Services{*m_platform.panelShell, *m_platform.pointer, *m_platform.desktopWindows}, clock);
     connectActivity();
 }

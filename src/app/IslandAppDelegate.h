@@ -14,9 +14,11 @@ class AskDecision;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
+class IslandMedia;
 class IslandScheduler;
 class IslandSettings;
 class IslandState;
+class MusicSection;
 class SessionsSection;
 class SettingsCard;
 
@@ -46,6 +48,8 @@ private:
     std::unique_ptr<IslandScheduler> m_scheduler;
     std::unique_ptr<AskDecision> m_decisions;
     std::unique_ptr<IslandState> m_state;
+    std::unique_ptr<IslandMedia> m_media;
+    std::unique_ptr<MusicSection> m_music;
     std::unique_ptr<IslandClipboard> m_clipboard;
     std::unique_ptr<SessionsSection> m_sessions;
     std::unique_ptr<IslandLook> m_look;

@@ -15,6 +15,7 @@ Q_MOC_INCLUDE("island/IslandLook.h")
 Q_MOC_INCLUDE("island/IslandState.h")
 Q_MOC_INCLUDE("island/SessionsSection.h")
 Q_MOC_INCLUDE("island/SettingsCard.h")
+Q_MOC_INCLUDE("media/MusicSection.h")
 
 namespace vaxo {
 
@@ -26,6 +27,7 @@ class IslandController;
 class IslandLook;
 class IslandSettings;
 class IslandState;
+class MusicSection;
 class SessionsSection;
 class SettingsCard;
 
@@ -39,6 +41,7 @@ class IslandRoot : public QObject {
     Q_PROPERTY(vaxo::IslandSettings *settings READ settings CONSTANT)
     Q_PROPERTY(vaxo::SessionsSection *sessions READ sessions CONSTANT)
     Q_PROPERTY(vaxo::IslandClipboard *clipboard READ clipboard CONSTANT)
+    Q_PROPERTY(vaxo::MusicSection *music READ music CONSTANT)
     Q_PROPERTY(vaxo::AppActivity *activity READ activity CONSTANT)
     Q_PROPERTY(vaxo::IslandLook *look READ look CONSTANT)
     Q_PROPERTY(vaxo::CardMeasures *measures READ measures CONSTANT)
@@ -52,6 +55,7 @@ public:
         IslandSettings *settings;
         SessionsSection *sessions;
         IslandClipboard *clipboard;
+        MusicSection *music;
         AppActivity *activity;
         IslandLook *look;
         SettingsCard *settingsCard;
@@ -65,6 +69,7 @@ public:
     IslandSettings *settings() const { return m_parts.settings; }
     SessionsSection *sessions() const { return m_parts.sessions; }
     IslandClipboard *clipboard() const { return m_parts.clipboard; }
+    MusicSection *music() const { return m_parts.music; }
     AppActivity *activity() const { return m_parts.activity; }
     IslandLook *look() const { return m_parts.look; }
     CardMeasures *measures() const { return m_measures; }

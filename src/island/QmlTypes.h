@@ -20,6 +20,7 @@
 #include "island/SessionRow.h"
 #include "island/SessionsSection.h"
 #include "island/SettingsCard.h"
+#include "media/MusicSection.h"
 
 #include <QtQml/qqml.h>
 
@@ -85,6 +86,13 @@ struct IslandStateForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandState)
     QML_NAMED_ELEMENT(IslandState)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct MusicSectionForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::MusicSection)
+    QML_NAMED_ELEMENT(MusicSection)
     QML_UNCREATABLE("Made by the program")
 };
 

@@ -10,6 +10,7 @@ class ActivityPlatform;
 class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
+class MediaPlayers;
 class PanelShell;
 class Pasteboard;
 class PointerMonitor;
@@ -29,6 +30,7 @@ struct PlatformServices {
     std::unique_ptr<DesktopWindows> desktopWindows;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<FrontmostApp> frontmost;
+    std::unique_ptr<MediaPlayers> media;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);

@@ -1,7 +1,10 @@
 #include "platform/PlatformServices.h"
 
+#include "app/Clock.h"
+
 #include "platform/ActivityPlatform.h"
 #include "platform/linux/LinuxActivityPlatform.h"
+#include "platform/linux/MprisMediaPlayers.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
@@ -40,6 +43,8 @@ PlatformServices PlatformServices::make()
     services.desktopWindows = std::make_unique<linux_platform::X11DesktopWindows>();
     services.pasteboard = std::make_unique<linux_platform::QtPasteboard>();
     services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
+    services.media =
+        std::make_unique<linux_platform::MprisMediaPlayers>(QDBusConnection::sessionBus(), Clock::system());
     return services;
 }
 
