@@ -8,6 +8,7 @@
 #include "island/PanelLayout.h"
 #include "island/PanelPointer.h"
 #include "island/QmlTypes.h"
+#include "media/MusicSection.h"
 #include "platform/DesktopWindows.h"
 #include "platform/PanelShell.h"
 #include "platform/PointerMonitor.h"
@@ -33,6 +34,7 @@ IslandController::IslandController(const IslandRoot::Parts &parts, QList<Feeder 
         emit concealedChanged();
     });
     connect(&m_state, &IslandState::modeChanged, this, &IslandController::stripKindChanged);
+    connect(parts.music, &MusicSection::trackChanged, this, &IslandController::stripKindChanged);
     connect(&m_services.pointer, &PointerMonitor::pressed, this, [this] { m_pointer->pressed(QCursor::pos()); });
     connect(&m_services.pointer, &PointerMonitor::moved, this, &IslandController::syncPointer);
     connect(&m_services.windows, &DesktopWindows::changed, this, [this] {
@@ -100,6 +102,8 @@ void IslandController::show()
         m_stateSubs << connect(&m_state, signal, this, &IslandController::updateInteractiveRect, Qt::QueuedConnection);
     m_stateSubs << connect(m_parts.settings, &IslandSettings::backdropChanged, this,
                            &IslandController::updateInteractiveRect, Qt::QueuedConnection);
+    m_stateSubs << connect(m_parts.music, &MusicSection::trackChanged, this, &IslandController::updateInteractiveRect,
+                           Qt::QueuedConnection);
     m_stateSubs << connect(&m_state, &IslandState::expandedChanged, this, &IslandController::watchPointer);
     m_panel->installEventFilter(this);
 
@@ -152,7 +156,9 @@ void IslandController::layoutPanel()
 
 IslandMode::Kind IslandController::stripKind() const
 {
-    return m_state.mode().kind;
+    // What plays shows only while no agent needs the strip.
+    const IslandMode::Kind kind = m_state.mode().kind;
+    return kind == IslandMode::Kind::Idle && m_parts.music->playing() ? IslandMode::Kind::Music : kind;
 }
 
 bool IslandController::concealed() const
@@ -178,6 +184,7 @@ void IslandController::updateInteractiveRect()
     input.expanded = m_state.expanded();
     input.settingsOpen = m_state.showSettings();
     input.backdropChosen = !m_parts.settings->backdrop().isEmpty();
+    input.mediaAllowance = m_parts.music->allowance();
     input.metrics = m_metrics;
     input.sessions = m_state.agentSessions();
     const QSizeF size = PanelLayout::clampMeasured(m_measured, IslandGeometry::islandSize(input));

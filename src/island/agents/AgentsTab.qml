@@ -1,7 +1,7 @@
 import QtQuick
 import Vaxo.Island
 
-// The card's first tab: the sessions, and under them the newest clips.
+// The card's first tab: the sessions, and under them what plays and the newest clips.
 Column {
     id: tab
 
@@ -10,6 +10,11 @@ Column {
     spacing: 18
 
     SessionsView {
+        width: tab.width
+        root: tab.root
+    }
+
+    MiniPlayer {
         width: tab.width
         root: tab.root
     }

@@ -10,6 +10,13 @@ Item {
     readonly property IslandLook look: root.look
     readonly property bool settingsOpen: root.state.showSettings
 
+    // The music's position moves only while somebody can see it.
+    Binding {
+        target: card.root.music
+        property: "shown"
+        value: card.visible && !card.settingsOpen && card.look.tab !== IslandLook.Clipboard
+    }
+
     CardHeader {
         id: header
         width: card.width

@@ -1,64 +1,74 @@
 import QtQuick
 import Vaxo.Island
 
-// What is playing, with the transport buttons.
+// The music tab: the artwork large, the track, how far it has played, and the transport buttons; a calm
+// word when nothing plays.
 Item {
     id: tab
 
     required property IslandRoot root
+    readonly property MusicSection music: root.music
 
     Column {
         anchors.centerIn: parent
-        spacing: 14
+        width: Math.min(parent.width, 300)
+        spacing: 10
 
-        Rectangle {
+        Artwork {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: 120
-            height: 120
-            radius: 18
-            color: Qt.rgba(1, 1, 1, 0.06)
-
-            Glyph {
-                anchors.centerIn: parent
-                width: 44
-                height: 44
-                name: "note"
-                stroke: 1.4
-                color: Qt.rgba(1, 1, 1, 0.35)
-            }
+            width: 200
+            height: 200
+            source: tab.music.artwork
         }
-
+        Item {
+            width: 1
+            height: 6
+        }
         Text {
-            anchors.horizontalCenter: parent.horizontalCenter
-            text: tab.root.labels.nothingPlaying
-            color: Qt.rgba(1, 1, 1, 0.5)
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            text: tab.music.hasTrack ? tab.music.title
+                                     : tab.root.settings.music ? tab.music.emptyText : tab.root.labels.musicOff
+            color: tab.music.hasTrack ? "white" : Qt.rgba(1, 1, 1, 0.5)
+            font.family: "Inter"
+            font.pixelSize: 17
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
+        }
+        Text {
+            width: parent.width
+            visible: tab.music.hasTrack
+            horizontalAlignment: Text.AlignHCenter
+            text: tab.music.artist
+            color: Qt.rgba(1, 1, 1, 0.6)
             font.family: "Inter"
             font.pixelSize: 13
-            font.weight: Font.Medium
+            elide: Text.ElideRight
         }
-
-        Row {
+        ProgressBar {
+            visible: tab.music.hasTrack
+            width: parent.width
+            progress: tab.music.progress
+            elapsed: tab.music.elapsedText
+            duration: tab.music.durationText
+            accent: tab.root.look.accent
+        }
+        Transport {
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: 18
-
-            IconButton {
-                glyph: "previous"
-                stroke: 0
-                enabled: false
-            }
-            IconButton {
-                width: 36
-                height: 36
-                glyph: "play"
-                glyphSize: 20
-                stroke: 0
-                enabled: false
-            }
-            IconButton {
-                glyph: "next"
-                stroke: 0
-                enabled: false
-            }
+            music: tab.music
+            size: 30
+        }
+        Text {
+            width: parent.width
+            visible: tab.music.hasTrack
+            horizontalAlignment: Text.AlignHCenter
+            text: tab.music.source
+            color: Qt.rgba(1, 1, 1, 0.35)
+            font.family: "Inter"
+            font.pixelSize: 10
+            font.weight: Font.DemiBold
+            font.capitalization: Font.AllUppercase
+            font.letterSpacing: 0.8
         }
     }
 }

@@ -19,6 +19,11 @@ Item {
         root: strip.root
         visible: strip.kind === IslandMode.Agents
     }
+    MusicStrip {
+        anchors.fill: parent
+        root: strip.root
+        visible: strip.kind === IslandMode.Music
+    }
     FinishedStrip {
         anchors.fill: parent
         root: strip.root
