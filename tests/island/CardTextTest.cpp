@@ -1,0 +1,105 @@
+#include "island/CardText.h"
+#include "agents/StatusLine.h"
+
+#include "TestTable.h"
+
+#include <QTest>
+
+using namespace vaxo;
+
+// The words the island shows, as tables.
+class CardTextTest : public QObject {
+    Q_OBJECT
+private slots:
+    void durationText_data()
+    {
+        QTest::addColumn<double>("ago");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("just started") << 59.9 << "now";
+        QTest::newRow("in the future") << -300.0 << "now";
+        QTest::newRow("seven minutes") << 7 * 60 + 59.0 << "7m";
+        QTest::newRow("59:59") << 59 * 60 + 59.0 << "59m";
+        QTest::newRow("an hour") << 3600.0 << "1h 0m";
+        QTest::newRow("2h 15m") << 2 * 3600 + 15 * 60 + 30.0 << "2h 15m";
+        QTest::newRow("a day") << 26 * 3600.0 << "26h 0m";
+    }
+    void durationText()
+    {
+        QFETCH(double, ago);
+        QFETCH(QString, text);
+        const double now = 1'700'000'000;
+        QCOMPARE(CardText::durationText(now - ago, now), text);
+    }
+
+    void counts()
+    {
+        QCOMPARE(CardText::moreRunning(0), QString());
+        QCOMPARE(CardText::moreRunning(3), QStringLiteral("+3 more running"));
+        QCOMPARE(CardText::moreWaiting(-1), QString());
+        QCOMPARE(CardText::moreWaiting(2), QStringLiteral("+2 more waiting on you"));
+        QCOMPARE(CardText::waitedText(59), QString());
+        QCOMPARE(CardText::waitedText(61 * 60), QStringLiteral("waiting 1h 1m"));
+        const AgentTasks tasks{3, 1, 2, {}};
+        QCOMPARE(CardText::taskSummary(tasks), QStringLiteral("1 in progress \u00B7 2 open"));
+        QCOMPARE(CardText::tasksCompleted(tasks), QStringLiteral("3 completed"));
+    }
+
+    void actionLine_data()
+    {
+        QTest::addColumn<QByteArray>("action");
+        QTest::addColumn<QByteArray>("tool");
+        QTest::addColumn<QByteArray>("rest");
+        test::rows(R"(
+            tool and command   | Bash npm test -- auth | Bash  | npm test -- auth
+            tool alone         | TodoWrite            | TodoWrite |
+            several spaces     | Edit  src/a b.cpp    | Edit  |  src/a b.cpp
+        )");
+    }
+    void actionLine()
+    {
+        QFETCH(QByteArray, action);
+        QFETCH(QByteArray, tool);
+        QFETCH(QByteArray, rest);
+        const CardText::ActionLine line = CardText::actionLine(QString::fromUtf8(action));
+        QCOMPARE(line.tool, QString::fromUtf8(tool));
+        QCOMPARE(line.rest.trimmed(), QString::fromUtf8(rest));
+    }
+
+    void statusLine_data()
+    {
+        QTest::addColumn<QStringList>("waiting");
+        QTest::addColumn<QStringList>("working");
+        QTest::addColumn<QString>("finished");
+        QTest::addColumn<bool>("idle");
+        QTest::addColumn<QString>("line");
+        const QStringList none;
+        QTest::newRow("one waits") << QStringList{"my-app_build"} << none << "" << false
+                                   << "my app build needs your permission.";
+        QTest::newRow("two wait") << QStringList{"a", "b"} << QStringList{"c"} << "d" << false
+                                  << "Two agents need your permission.";
+        QTest::newRow("hyphens only") << QStringList{"---"} << none << "" << false
+                                      << "A session needs your permission.";
+        QTest::newRow("finished") << none << QStringList{"a"} << "web_app" << false << "web app just finished.";
+        QTest::newRow("nothing") << none << none << "" << false << "Nothing running.";
+        QTest::newRow("all quiet") << none << none << "" << true << "All quiet.";
+        QTest::newRow("one works") << none << QStringList{" api "} << "" << false << "api is working.";
+        QTest::newRow("three") << none << QStringList{"a", "b", "c"} << "" << false << "Three agents running.";
+        QStringList ten;
+        for (int i = 0; i < 10; ++i)
+            ten << QString::number(i);
+        QTest::newRow("ten") << none << ten << "" << false << "10 agents running.";
+    }
+    void statusLine()
+    {
+        QFETCH(QStringList, waiting);
+        QFETCH(QStringList, working);
+        QFETCH(QString, finished);
+        QFETCH(bool, idle);
+        QFETCH(QString, line);
+        const std::optional<QString> justFinished = finished.isEmpty() ? std::nullopt : std::optional(finished);
+        QCOMPARE(StatusLine::compose(waiting, working, justFinished, idle), line);
+    }
+};
+
+QTEST_GUILESS_MAIN(CardTextTest)
+#include "CardTextTest.moc"
