@@ -1,11 +1,20 @@
 #include "platform/linux/CanberraSoundPlayer.h"
 
+#include <alsa/asoundlib.h>
 #include <canberra.h>
 
 namespace vaxo::linux_platform {
+namespace {
+
+void quiet(const char *, int, const char *, int, const char *, ...) {}
+
+} // namespace
 
 CanberraSoundPlayer::CanberraSoundPlayer()
 {
+    // Without a sound card the sound library's ALSA back end would print its failures on standard
+    // error at every sound; a missing sound is no news to the user.
+    snd_lib_error_set_handler(quiet);
     if (ca_context_create(&m_context) != CA_SUCCESS)
         m_context = nullptr;
 }
