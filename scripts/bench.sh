@@ -11,5 +11,7 @@ for bench in build/bench/agents/bench_session_reload build/bench/agents/bench_ho
   echo "== ${bench##*/}"
   "$bench"
 done
-echo "== cpu-at-rest"
-bash bench/app/cpu-at-rest.sh build
+source scripts/xvfb.sh
+(unset DISPLAY; vaxo_start_xvfb wm 2>/dev/null; echo "== bench_rename_to_frame"; build/bench/island/bench_rename_to_frame)
+echo "== cpu-and-memory"
+bash bench/island/cpu-and-memory.sh build

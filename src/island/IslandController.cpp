@@ -34,6 +34,10 @@ IslandController::IslandController(const IslandRoot::Parts &parts, QList<Feeder 
         emit concealedChanged();
     });
     connect(&m_state, &IslandState::modeChanged, this, &IslandController::stripKindChanged);
+    // A measurement belongs to what the view showed when it made it; made first, before the views
+    // connect, so that the view's new report follows.
+    for (auto signal : {&IslandState::expandedChanged, &IslandState::showSettingsChanged})
+        connect(&m_state, signal, this, [this] { m_measured.reset(); });
     connect(parts.music, &MusicSection::trackChanged, this, &IslandController::stripKindChanged);
     connect(&m_services.pointer, &PointerMonitor::pressed, this, [this] { m_pointer->pressed(QCursor::pos()); });
     connect(&m_services.pointer, &PointerMonitor::moved, this, &IslandController::syncPointer);

@@ -17,6 +17,13 @@ Item {
         value: card.visible && !card.settingsOpen && card.look.tab !== IslandLook.Clipboard
     }
 
+    // What the open agents tab needs in all, told to the controller, which may grow the island for it
+    // (within bounds) and sizes the click area to match.
+    readonly property real naturalHeight: header.height + top.height + agents.naturalHeight + root.measures.cardBottom
+    readonly property bool measured: root.state.expanded && !settingsOpen && agents.visible
+    onNaturalHeightChanged: if (measured) root.controller.reportMeasuredSize(width, naturalHeight)
+    onMeasuredChanged: if (measured) root.controller.reportMeasuredSize(width, naturalHeight)
+
     CardHeader {
         id: header
         width: card.width
@@ -45,8 +52,10 @@ Item {
         anchors.rightMargin: 18
 
         AgentsTab {
+            id: agents
             visible: card.look.tab === IslandLook.Agents
             width: body.width
+            available: body.height
             root: card.root
         }
         MusicTab {

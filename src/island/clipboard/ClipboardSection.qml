@@ -8,10 +8,12 @@ Column {
 
     required property IslandRoot root
     required property real listHeight
+    readonly property real headerHeight: heading.height + spacing
 
     spacing: 6
 
     Item {
+        id: heading
         width: section.width
         height: 24
 
