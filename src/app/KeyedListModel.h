@@ -11,8 +11,14 @@ namespace vaxo {
 // delegates and can animate what really changed.
 class KeyedListModel : public QAbstractListModel {
     Q_OBJECT
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
 public:
     using QAbstractListModel::QAbstractListModel;
+
+    int count() const { return rowCount(); }
+
+signals:
+    void countChanged();
 
 protected:
     // Row is a value type with a QString `id` and ==. Ids may repeat; rows then pair up in order.
@@ -21,6 +27,7 @@ protected:
 
 template <typename Row> void KeyedListModel::syncRows(QList<Row> &rows, const QList<Row> &next)
 {
+    const qsizetype before = rows.size();
     QSet<QString> wanted;
     for (const Row &row : next)
         wanted.insert(row.id);
@@ -58,6 +65,8 @@ template <typename Row> void KeyedListModel::syncRows(QList<Row> &rows, const QL
         rows.resize(next.size());
         endRemoveRows();
     }
+    if (rows.size() != before)
+        emit countChanged();
 }
 
 } // namespace vaxo

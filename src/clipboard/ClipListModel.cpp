@@ -6,15 +6,12 @@ ClipListModel::ClipListModel(QObject *parent) : KeyedListModel(parent) {}
 
 void ClipListModel::sync(const QList<ClipItem> &clips)
 {
-    const int before = count();
     syncRows(m_rows, clips);
-    if (count() != before)
-        emit countChanged();
 }
 
 int ClipListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : count();
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 QVariant ClipListModel::data(const QModelIndex &index, int role) const

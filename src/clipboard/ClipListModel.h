@@ -9,7 +9,6 @@ namespace vaxo {
 // text never reaches a view: rows carry its preview, which masks secrets.
 class ClipListModel : public KeyedListModel {
     Q_OBJECT
-    Q_PROPERTY(int count READ count NOTIFY countChanged)
 public:
     enum Role {
         IdRole = Qt::UserRole + 1,
@@ -24,7 +23,6 @@ public:
     explicit ClipListModel(QObject *parent = nullptr);
 
     void sync(const QList<ClipItem> &clips);
-    int count() const { return int(m_rows.size()); }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -32,9 +30,6 @@ public:
 
     // Where a view finds an image clip's thumbnail; empty for other clips.
     static QString imageSource(const ClipItem &clip);
-
-signals:
-    void countChanged();
 
 private:
     QList<ClipItem> m_rows;

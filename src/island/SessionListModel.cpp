@@ -10,15 +10,12 @@ void SessionListModel::sync(const QList<AgentSession> &sessions, double now, int
     const qsizetype n = limit < 0 ? sessions.size() : std::min<qsizetype>(limit, sessions.size());
     for (qsizetype i = 0; i < n; ++i)
         next << SessionRow::from(sessions.at(i), now);
-    const int before = count();
     syncRows(m_rows, next);
-    if (count() != before)
-        emit countChanged();
 }
 
 int SessionListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : count();
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 QVariant SessionListModel::data(const QModelIndex &index, int role) const

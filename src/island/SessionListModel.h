@@ -10,7 +10,6 @@ namespace vaxo {
 // inserts or removes one.
 class SessionListModel : public KeyedListModel {
     Q_OBJECT
-    Q_PROPERTY(int count READ count NOTIFY countChanged)
 public:
     enum Role {
         IdRole = Qt::UserRole + 1,
@@ -36,15 +35,11 @@ public:
 
     // The first `limit` sessions (all when negative), worded for `now`.
     void sync(const QList<AgentSession> &sessions, double now, int limit = -1);
-    int count() const { return int(m_rows.size()); }
     const QList<SessionRow> &rows() const { return m_rows; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
-
-signals:
-    void countChanged();
 
 private:
     QList<SessionRow> m_rows;

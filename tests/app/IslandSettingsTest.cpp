@@ -1,11 +1,8 @@
 #include "app/IslandSettings.h"
-#include "agents/SessionSource.h"
 #include "island/IslandLook.h"
-#include "island/IslandState.h"
-#include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
-#include "TempHome.h"
+#include "StateFixture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -78,15 +75,9 @@ private slots:
         stored.setValue("vaxoIslandClipRows", "many");
         stored.sync();
         IslandSettings settings(m_file);
-        struct : SessionSource {
-            void start(Callback) override {}
-            void stop() override {}
-        } source;
-        struct : SoundPlayer {
-            void play(const QString &) override {}
-        } sounds;
+        test::RecordingSounds sounds;
         test::FakeClock clock;
-        IslandState state(std::make_unique<decltype(source)>(), clock, settings, sounds);
+        IslandState state(std::make_unique<test::ManualSource>(), clock, settings, sounds);
         IslandLook look(settings, state);
         QCOMPARE(look.tab(), IslandLook::Tab::Agents);
         QCOMPARE(look.restIcon(), IslandLook::RestIcon::Face);

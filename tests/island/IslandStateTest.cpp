@@ -1,9 +1,8 @@
 #include "island/IslandState.h"
-#include "agents/SessionSource.h"
 #include "app/IslandSettings.h"
-#include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
+#include "StateFixture.h"
 #include "TempHome.h"
 
 #include <QSignalSpy>
@@ -12,18 +11,6 @@
 using namespace vaxo;
 
 namespace {
-
-struct RecordingSounds : SoundPlayer {
-    QStringList played;
-    void play(const QString &name) override { played << name; }
-};
-
-struct ManualSource : SessionSource {
-    Callback callback;
-    bool stopped = false;
-    void start(Callback onChange) override { callback = std::move(onChange); }
-    void stop() override { stopped = true; }
-};
 
 AgentSession session(const char *id, const char *status, std::optional<double> updated = std::nullopt)
 {
@@ -53,8 +40,8 @@ private:
     std::unique_ptr<test::TempHome> m_home;
     std::unique_ptr<IslandSettings> m_settings;
     test::FakeClock m_clock;
-    RecordingSounds m_sounds;
-    ManualSource *m_source = nullptr;
+    test::RecordingSounds m_sounds;
+    test::ManualSource *m_source = nullptr;
     std::unique_ptr<IslandState> m_state;
 };
 
@@ -63,7 +50,7 @@ void IslandStateTest::init()
     m_home = std::make_unique<test::TempHome>();
     m_settings = std::make_unique<IslandSettings>(m_home->paths().settingsFile());
     m_sounds.played.clear();
-    auto source = std::make_unique<ManualSource>();
+    auto source = std::make_unique<test::ManualSource>();
     m_source = source.get();
     m_state = std::make_unique<IslandState>(std::move(source), m_clock, *m_settings, m_sounds);
     m_state->startWatching();

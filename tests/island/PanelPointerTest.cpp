@@ -1,27 +1,14 @@
 #include "island/PanelPointer.h"
-#include "agents/SessionSource.h"
-#include "app/IslandSettings.h"
-#include "island/IslandState.h"
 #include "island/PanelLayout.h"
-#include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
-#include "TempHome.h"
+#include "StateFixture.h"
 
 #include <QTest>
 
 using namespace vaxo;
 
 namespace {
-
-struct Silence : SoundPlayer {
-    void play(const QString &) override {}
-};
-
-struct ManualSource : SessionSource {
-    void start(Callback) override {}
-    void stop() override {}
-};
 
 const QRectF kDisplay(0, 0, 1920, 1080);
 const QRectF kIsland = PanelLayout::islandFrame(kDisplay, {190, 32});
@@ -36,9 +23,8 @@ class PanelPointerTest : public QObject {
 private slots:
     void init()
     {
-        m_home = std::make_unique<test::TempHome>();
-        m_settings = std::make_unique<IslandSettings>(m_home->paths().settingsFile());
-        m_state = std::make_unique<IslandState>(std::make_unique<ManualSource>(), m_clock, *m_settings, m_sounds);
+        m_fixture = std::make_unique<test::StateFixture>(m_clock);
+        m_state = &m_fixture->state;
         m_pointer = std::make_unique<PanelPointer>(*m_state, m_clock);
         m_pointer->setFrames({kIsland, PanelLayout::hotRect(kIsland, false), PanelLayout::revealZone(kDisplay, {})});
     }
@@ -127,11 +113,9 @@ private slots:
     }
 
 private:
-    std::unique_ptr<test::TempHome> m_home;
-    std::unique_ptr<IslandSettings> m_settings;
     test::FakeClock m_clock;
-    Silence m_sounds;
-    std::unique_ptr<IslandState> m_state;
+    std::unique_ptr<test::StateFixture> m_fixture;
+    IslandState *m_state = nullptr;
     std::unique_ptr<PanelPointer> m_pointer;
 };
 

@@ -1,13 +1,9 @@
 #include "island/SessionsSection.h"
 #include "agents/AskDecision.h"
-#include "agents/SessionSource.h"
-#include "app/IslandSettings.h"
 #include "clipboard/ClipListModel.h"
-#include "island/IslandState.h"
-#include "platform/SoundPlayer.h"
 
 #include "FakeClock.h"
-#include "TempHome.h"
+#include "StateFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>
@@ -17,15 +13,6 @@
 using namespace vaxo;
 
 namespace {
-
-struct Silence : SoundPlayer {
-    void play(const QString &) override {}
-};
-
-struct ManualSource : SessionSource {
-    void start(Callback) override {}
-    void stop() override {}
-};
 
 AgentSession session(const QString &id, const QString &status, double updated, double started = 0)
 {
@@ -52,10 +39,9 @@ class SessionsSectionTest : public QObject {
 private slots:
     void init()
     {
-        m_home = std::make_unique<test::TempHome>();
-        m_settings = std::make_unique<IslandSettings>(m_home->paths().settingsFile());
-        m_state = std::make_unique<IslandState>(std::make_unique<ManualSource>(), m_clock, *m_settings, m_sounds);
-        m_decisions = std::make_unique<AskDecision>(m_home->paths().decisions(), m_clock);
+        m_fixture = std::make_unique<test::StateFixture>(m_clock);
+        m_state = &m_fixture->state;
+        m_decisions = std::make_unique<AskDecision>(m_fixture->home.paths().decisions(), m_clock);
         m_section = std::make_unique<SessionsSection>(*m_state, *m_decisions, m_clock);
     }
 
@@ -146,7 +132,7 @@ private slots:
         AgentSession asks = session("w", "waiting", m_clock.now());
         asks.askId = QStringLiteral("toolu_1");
         m_state->apply({asks});
-        const QString decisions = m_home->paths().decisions();
+        const QString decisions = m_fixture->home.paths().decisions();
         m_section->answer(QStringLiteral("toolu_old"), true); // the question is gone
         QVERIFY(QDir(decisions).entryList(QDir::Files).isEmpty());
         m_section->answer(QStringLiteral("toolu_1"), false);
@@ -171,11 +157,9 @@ private slots:
     }
 
 private:
-    std::unique_ptr<test::TempHome> m_home;
-    std::unique_ptr<IslandSettings> m_settings;
     test::FakeClock m_clock;
-    Silence m_sounds;
-    std::unique_ptr<IslandState> m_state;
+    std::unique_ptr<test::StateFixture> m_fixture;
+    IslandState *m_state = nullptr;
     std::unique_ptr<AskDecision> m_decisions;
     std::unique_ptr<SessionsSection> m_section;
 };
