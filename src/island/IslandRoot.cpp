@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPainter>
+#include <QPainterPath>
 #include <QQmlEngine>
 #include <QQuickImageProvider>
 #include <QUrl>
@@ -59,6 +61,36 @@ private:
     QString m_folder;
 };
 
+// Artwork from local files with rounded corners, "image://artwork/<radius in %>/<file URL, encoded>",
+// so that it looks the same on any background.
+class RoundedArtwork final : public QQuickImageProvider {
+public:
+    RoundedArtwork() : QQuickImageProvider(QQuickImageProvider::Image) {}
+    QImage requestImage(const QString &id, QSize *size, const QSize &requested) override
+    {
+        const qsizetype slash = id.indexOf(QLatin1Char('/'));
+        const double radius = id.left(slash).toDouble() / 100.0;
+        const QUrl url(QUrl::fromPercentEncoding(id.mid(slash + 1).toUtf8()));
+        QImage source(url.isLocalFile() ? url.toLocalFile() : QString());
+        QImage rounded;
+        if (!source.isNull()) {
+            const QSize target = requested.isValid() && !requested.isEmpty() ? requested : source.size();
+            source = source.scaled(target, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+            rounded = QImage(target, QImage::Format_ARGB32_Premultiplied);
+            rounded.fill(Qt::transparent);
+            QPainter painter(&rounded);
+            painter.setRenderHint(QPainter::Antialiasing);
+            QPainterPath clip;
+            clip.addRoundedRect(QRectF(QPointF(), QSizeF(target)), radius * target.width(), radius * target.height());
+            painter.setClipPath(clip);
+            painter.drawImage((target.width() - source.width()) / 2, (target.height() - source.height()) / 2, source);
+        }
+        if (size)
+            *size = rounded.size();
+        return rounded;
+    }
+};
+
 } // namespace
 
 IslandRoot::IslandRoot(const Parts &parts, IslandController *controller, QObject *parent)
@@ -71,6 +103,7 @@ void IslandRoot::installImageProviders(QQmlEngine &engine) const
 {
     engine.addImageProvider(QStringLiteral("clips"), new ClipThumbnails(*m_parts.clipboard));
     engine.addImageProvider(QStringLiteral("glyph"), new GlyphImages);
+    engine.addImageProvider(QStringLiteral("artwork"), new RoundedArtwork);
     engine.addImageProvider(QStringLiteral("backdrop"), new Backdrops(m_parts.backgrounds));
 }
 

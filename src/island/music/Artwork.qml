@@ -1,15 +1,15 @@
 import QtQuick
+import QtQuick.Window
 import Vaxo.Island
 
-// The track's artwork, or a quiet note where there is none.
+// The track's artwork with rounded corners, or a quiet note where there is none.
 Rectangle {
     id: art
 
     required property url source
 
     radius: width * 0.14
-    color: Qt.rgba(1, 1, 1, 0.07)
-    clip: true
+    color: image.status === Image.Ready ? "transparent" : Qt.rgba(1, 1, 1, 0.07)
 
     Glyph {
         visible: image.status !== Image.Ready
@@ -23,8 +23,8 @@ Rectangle {
     Image {
         id: image
         anchors.fill: parent
-        source: art.source
-        sourceSize: Qt.size(art.width * 2, art.height * 2)
+        source: art.source.toString().length > 0 ? "image://artwork/14/" + encodeURIComponent(art.source) : ""
+        sourceSize: Qt.size(Math.ceil(art.width * Screen.devicePixelRatio), Math.ceil(art.height * Screen.devicePixelRatio))
         fillMode: Image.PreserveAspectCrop
         asynchronous: true
         smooth: true
