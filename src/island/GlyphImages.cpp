@@ -41,6 +41,7 @@ const QHash<QString, QString> &outlines()
         {"image", "M4.5 5.5h15v13h-15zM4.5 15.5l4.5-4.5l4.5 4.5l2.5-2.5l3.5 3.5M15 8.5a1 1 0 1 1 0 2a1 1 0 1 1 0-2z"},
         {"file", "M7 3.5h7l4.5 4.5v12.5H7zM14 3.5V8h4.5"},
         {"lock", "M6.5 11h11v9h-11zM9 11V8a3 3 0 0 1 6 0v3"},
+        {"z", "M7 7h10L7 17h10"},
     };
     return table;
 }
