@@ -15,6 +15,8 @@ program=build/src/app/vaxo-island
 mkdir -p "$out"
 
 unset DISPLAY
+# A screen of the same size in points at every scale, as a display of twice the pixels would be.
+export VAXO_XVFB_SCREEN="$((1920 * scale))x$((1080 * scale))"
 source scripts/xvfb.sh
 vaxo_start_xvfb wm 2>/dev/null
 xcompmgr >/dev/null 2>&1 &
@@ -54,7 +56,7 @@ click() { at "$1" "$2"; xdotool click 1; }
 env QT_SCALE_FACTOR="$scale" HOME="$home" XDG_DATA_HOME="$home/data" XDG_CONFIG_HOME="$home/config" \
   XDG_CACHE_HOME="$home/cache" "$program" >/dev/null 2>&1 &
 pid=$!
-w=$((1920 / scale)); mid=$((w / 2)); left=$((mid - 250)); right=$((mid + 250))
+w=1920; mid=$((w / 2)); left=$((mid - 250)); right=$((mid + 250))
 at 200 700
 shot island-at-rest $((mid - 160)) 0 320 70
 

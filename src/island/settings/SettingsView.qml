@@ -103,10 +103,22 @@ Column {
     SettingRow {
         label: view.card.rowLabels[SettingsCard.Music]
         rowHeight: view.rowHeight
-        Toggle {
-            on: view.settings.music
-            accent: view.accent
-            onToggled: on => view.settings.music = on
+        Row {
+            spacing: 10
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: view.root.music.controlNote
+                color: Qt.rgba(1, 1, 1, 0.45)
+                font.family: "Inter"
+                font.pixelSize: 11
+                font.weight: Font.Medium
+            }
+            Toggle {
+                anchors.verticalCenter: parent.verticalCenter
+                on: view.settings.music
+                accent: view.accent
+                onToggled: on => view.settings.music = on
+            }
         }
     }
     SettingRow {
