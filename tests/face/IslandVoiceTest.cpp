@@ -35,6 +35,7 @@ private slots:
     void userLanguage();
     void firstLineWaitsForTheVoicesThenEachLineStopsTheOneBefore();
     void aNewLineCutsTheOldOneAndAnEmptyLineChangesNothing();
+    void aMissingServiceSpeaksNothing();
     void aStuckServiceHoldsNothingUp();
 };
 
@@ -118,6 +119,20 @@ void IslandVoiceTest::aNewLineCutsTheOldOneAndAnEmptyLineChangesNothing()
     QTRY_VERIFY_WITH_TIMEOUT(service.spoken() > whole && !synth.isSpeaking(), kLong);
     const qint64 cut = service.spoken() - whole;
     QVERIFY2(cut < whole / 2, qPrintable(QStringLiteral("%1 of %2 bytes").arg(cut).arg(whole)));
+}
+
+void IslandVoiceTest::aMissingServiceSpeaksNothing()
+{
+    // A socket nobody serves, which speech-dispatcher's autospawn refuses to start a service for.
+    QTemporaryDir dir;
+    qputenv("SPEECHD_ADDRESS", "unix_socket:" + dir.filePath(QStringLiteral("none.sock")).toUtf8());
+    linux_platform::SpeechdSynthesizer synth;
+    IslandVoice voice(synth, QStringLiteral("en-US"));
+    QSignalSpy listed(&synth, &SpeechSynthesizer::voicesListed);
+    voice.say(QStringLiteral("Nothing running."), 0.5);
+    QTRY_COMPARE_WITH_TIMEOUT(listed.count(), 1, 30000);
+    QVERIFY(synth.voices().isEmpty());
+    QTRY_VERIFY(!synth.isSpeaking());
 }
 
 void IslandVoiceTest::aStuckServiceHoldsNothingUp()

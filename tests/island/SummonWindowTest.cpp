@@ -49,6 +49,31 @@ void pressHotKey()
     press("super+alt+i");
 }
 
+// Whether some client holds keycode with Alt and Super: another client's grab of it is refused.
+bool heldByAnyone(Display *other, int keycode)
+{
+    static int refused = 0;
+    refused = 0;
+    XSetErrorHandler([](Display *, XErrorEvent *error) {
+        refused = error->error_code;
+        return 0;
+    });
+    XGrabKey(other, keycode, Mod1Mask | Mod4Mask, DefaultRootWindow(other), True, GrabModeAsync, GrabModeAsync);
+    XSync(other, False);
+    XUngrabKey(other, keycode, Mod1Mask | Mod4Mask, DefaultRootWindow(other));
+    XSync(other, False);
+    XSetErrorHandler(nullptr);
+    return refused == BadAccess;
+}
+
+void remap(const QStringList &expressions)
+{
+    QStringList arguments;
+    for (const QString &expression : expressions)
+        arguments << QStringLiteral("-e") << expression;
+    QProcess::execute(QStringLiteral("xmodmap"), arguments);
+}
+
 } // namespace
 
 // Alt+Super+I and the summon panel on the test's X server.
@@ -59,6 +84,7 @@ private slots:
     void hotKeyShowsHidesAndBuildsThePanelAgain();
     void aClickPutsHerAway();
     void aKeyHeldElsewhereIsLoggedAndTheIslandRunsOn();
+    void theKeyFollowsANewKeyboardMap();
 };
 
 void SummonWindowTest::initTestCase()
@@ -147,6 +173,29 @@ void SummonWindowTest::aKeyHeldElsewhereIsLoggedAndTheIslandRunsOn()
     QCOMPARE(program.summon().view()->line(), QStringLiteral("api is working."));
 
     XUngrabKey(other, keycode, AnyModifier, root);
+    XCloseDisplay(other);
+}
+
+void SummonWindowTest::theKeyFollowsANewKeyboardMap()
+{
+    Display *other = XOpenDisplay(nullptr);
+    QVERIFY(other);
+    const int before = XKeysymToKeycode(other, XK_i);
+    const int after = 120; // a key code that types nothing on the test server
+    test::TempHome home;
+    QSettings(home.paths().settingsFile(), QSettings::IniFormat).setValue("vaxoIslandSpeak", false);
+    Program program(home);
+    QVERIFY(heldByAnyone(other, before));
+
+    // The I key moves to another key code, as a new layout may do.
+    remap({QStringLiteral("keycode %1 = NoSymbol").arg(before), QStringLiteral("keycode %1 = i I").arg(after)});
+    QTRY_VERIFY(heldByAnyone(other, after));
+    QVERIFY(!heldByAnyone(other, before));
+    pressHotKey();
+    QTRY_VERIFY(program.summon().panel());
+
+    remap({QStringLiteral("keycode %1 = NoSymbol").arg(after), QStringLiteral("keycode %1 = i I").arg(before)});
+    QTRY_VERIFY(heldByAnyone(other, before));
     XCloseDisplay(other);
 }
 

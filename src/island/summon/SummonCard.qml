@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Shapes
 import Vaxo.Island
 
 // Vaxo on her own: her face in her mood over one line about the agents, on a dark rounded card. A
@@ -19,14 +20,33 @@ Item {
     }
 
     // A soft light of her mood's colour behind her.
-    Rectangle {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: face.y + face.height * 0.1
-        width: face.width * 0.9
-        height: width
-        radius: width / 2
-        color: card.root.look.moodColor
-        opacity: 0.10
+    Shape {
+        id: glow
+        readonly property real radius: face.width * 0.72
+        readonly property color tint: card.root.look.moodColor
+        x: face.x + face.width / 2 - radius
+        y: face.y + face.height / 2 - radius
+        width: radius * 2
+        height: radius * 2
+        ShapePath {
+            strokeWidth: -1
+            fillGradient: RadialGradient {
+                centerX: glow.radius
+                centerY: glow.radius
+                centerRadius: glow.radius
+                focalX: glow.radius
+                focalY: glow.radius
+                GradientStop { position: 0; color: Qt.rgba(glow.tint.r, glow.tint.g, glow.tint.b, 0.3) }
+                GradientStop { position: 1; color: "transparent" }
+            }
+            PathAngleArc {
+                centerX: glow.radius
+                centerY: glow.radius
+                radiusX: glow.radius
+                radiusY: glow.radius
+                sweepAngle: 360
+            }
+        }
     }
 
     FaceSlot {
