@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Takes the island's screenshots for the README: the closed island (at rest, playing music, agents at
-# work, one waiting), the card on each tab, with a backdrop, and the settings, on a private Xvfb with a
-# window manager and a compositor, a private session bus and a real player. Usage:
+# work, one waiting), the card on each tab, with a backdrop, the settings, and Vaxo summoned, on a
+# private Xvfb with a window manager and a compositor, a private session bus and a real player. Usage:
 # scripts/screenshots.sh [OUT_DIR] (default docs/); SCALE=2 for a device pixel ratio of 2. Needs a
 # build in build/.
 set -euo pipefail
@@ -53,8 +53,9 @@ shot() { # NAME X Y W H (logical pixels)
 at() { xdotool mousemove "$(($1 * scale))" "$(($2 * scale))"; }
 click() { at "$1" "$2"; xdotool click 1; }
 
-env QT_SCALE_FACTOR="$scale" HOME="$home" XDG_DATA_HOME="$home/data" XDG_CONFIG_HOME="$home/config" \
-  XDG_CACHE_HOME="$home/cache" "$program" >/dev/null 2>&1 &
+# SPEECHD_ADDRESS: a socket that nothing serves, so that she shows her line without speaking it.
+env QT_SCALE_FACTOR="$scale" SPEECHD_ADDRESS="unix_socket:$home/no-speech" HOME="$home" XDG_DATA_HOME="$home/data" \
+  XDG_CONFIG_HOME="$home/config" XDG_CACHE_HOME="$home/cache" "$program" >/dev/null 2>&1 &
 pid=$!
 w=1920; mid=$((w / 2)); left=$((mid - 250)); right=$((mid + 250))
 at 200 700
@@ -95,3 +96,6 @@ session c waiting "web-app" 95 '"waiting_for":"Claude needs your permission to u
 shot card-waiting $((mid - 290)) 0 580 880
 click 200 700 # elsewhere: the card closes, the session still waits
 shot island-waiting $((mid - 220)) 0 440 80
+
+xdotool key super+alt+i # Vaxo on her own
+shot summon-panel $((mid - 150)) 12 300 300

@@ -15,6 +15,7 @@ PACKAGES=(
   qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-shapes
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
   python3 procps sound-theme-freedesktop fonts-inter fonts-jetbrains-mono
+  speech-dispatcher speech-dispatcher-espeak-ng qt6-speech-speechd-plugin
   # tests and headless runs
   xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm hsetroot
   dbus dbus-x11 tmux

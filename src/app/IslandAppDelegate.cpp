@@ -8,11 +8,15 @@
 #include "app/IslandScheduler.h"
 #include "app/IslandSettings.h"
 #include "clipboard/IslandClipboard.h"
+#include "face/IslandVoice.h"
 #include "island/IslandController.h"
 #include "island/IslandLook.h"
 #include "island/IslandState.h"
 #include "island/SessionsSection.h"
 #include "island/SettingsCard.h"
+#include "island/summon/SummonHotKey.h"
+#include "island/summon/SummonPanel.h"
+#include "island/summon/SummonView.h"
 #include "media/IslandMedia.h"
 #include "media/MusicSection.h"
 #include "platform/ActivityPlatform.h"
@@ -21,6 +25,7 @@
 #include "platform/PanelShell.h"
 #include "platform/PointerMonitor.h"
 #include "platform/SoundPlayer.h"
+#include "platform/SpeechSynthesizer.h"
 
 #include <QDir>
 #include <QPointer>
@@ -58,6 +63,12 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_controller = std::make_unique<IslandController>(
         parts, QList<Feeder *>{m_state.get(), m_media.get(), m_clipboard.get()}, *m_scheduler,
         IslandController::Services{*m_platform.panelShell, *m_platform.pointer, *m_platform.desktopWindows}, clock);
+
+    m_voice = std::make_unique<IslandVoice>(*m_platform.speech, IslandVoice::userLanguage(QLocale::system()));
+    m_summonView = std::make_unique<SummonView>(*m_state);
+    m_summonPanel = std::make_unique<SummonPanel>(parts, m_controller.get(), *m_summonView,
+                                                  SummonPanel::Services{*m_platform.panelShell, *m_voice});
+    m_summonKey = std::make_unique<SummonHotKey>(*m_platform.hotKey);
     connectActivity();
 }
 
@@ -86,6 +97,9 @@ void IslandAppDelegate::applicationDidFinishLaunching()
     m_decisions->sweep();
     // 4. The island, which starts its feeders and the scheduler's watch when it first shows.
     m_controller->start();
+    // 5. Last, the key that summons Vaxo on her own.
+    m_summonKey->setOnPress([panel = m_summonPanel.get()] { panel->toggle(); });
+    m_summonKey->registerKey(SummonHotKey::kKey, SummonHotKey::kModifiers);
 }
 
 void IslandAppDelegate::applicationWillTerminate()

@@ -18,9 +18,13 @@ class IslandMedia;
 class IslandScheduler;
 class IslandSettings;
 class IslandState;
+class IslandVoice;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
+class SummonHotKey;
+class SummonPanel;
+class SummonView;
 
 // The program's start-up object and composition root: makes every long-lived object in one place and
 // hands each what it needs, runs the start-up steps in order, and stops the session watching when the
@@ -36,6 +40,8 @@ public:
 
     IslandState &state() const { return *m_state; }
     IslandController &controller() const { return *m_controller; }
+    SummonPanel &summonPanel() const { return *m_summonPanel; }
+    AppActivity &activity() const { return *m_activity; }
 
 private:
     // The animation gate follows the island; the mood follows the user's idleness.
@@ -55,6 +61,10 @@ private:
     std::unique_ptr<IslandLook> m_look;
     std::unique_ptr<SettingsCard> m_settingsCard;
     std::unique_ptr<IslandController> m_controller;
+    std::unique_ptr<IslandVoice> m_voice;
+    std::unique_ptr<SummonView> m_summonView;
+    std::unique_ptr<SummonPanel> m_summonPanel;
+    std::unique_ptr<SummonHotKey> m_summonKey;
 };
 
 } // namespace vaxo

@@ -20,6 +20,8 @@
 #include "island/SessionRow.h"
 #include "island/SessionsSection.h"
 #include "island/SettingsCard.h"
+#include "island/summon/SummonPanel.h"
+#include "island/summon/SummonView.h"
 #include "media/MusicSection.h"
 
 #include <QtQml/qqml.h>
@@ -114,6 +116,20 @@ struct SettingsCardForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::SettingsCard)
     QML_NAMED_ELEMENT(SettingsCard)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct SummonPanelForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::SummonPanel)
+    QML_NAMED_ELEMENT(SummonPanel)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct SummonViewForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::SummonView)
+    QML_NAMED_ELEMENT(SummonView)
     QML_UNCREATABLE("Made by the program")
 };
 

@@ -10,11 +10,13 @@ class ActivityPlatform;
 class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
+class GlobalHotKey;
 class MediaPlayers;
 class PanelShell;
 class Pasteboard;
 class PointerMonitor;
 class SoundPlayer;
+class SpeechSynthesizer;
 
 // The platform's implementations of the services the program needs, made by the platform folder
 // that the build selects.
@@ -31,6 +33,8 @@ struct PlatformServices {
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<FrontmostApp> frontmost;
     std::unique_ptr<MediaPlayers> media;
+    std::unique_ptr<GlobalHotKey> hotKey;
+    std::unique_ptr<SpeechSynthesizer> speech;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);

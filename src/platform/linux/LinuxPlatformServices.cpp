@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxActivityPlatform.h"
 #include "platform/linux/MprisMediaPlayers.h"
 #include "platform/linux/QtPasteboard.h"
+#include "platform/linux/SpeechdSynthesizer.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
 
@@ -15,6 +16,7 @@
 #include "platform/linux/X11FrontmostApp.h"
 #include "platform/linux/X11PanelShell.h"
 #include "platform/linux/XInputPointerMonitor.h"
+#include "platform/linux/XcbGlobalHotKey.h"
 
 namespace vaxo {
 
@@ -45,6 +47,8 @@ PlatformServices PlatformServices::make()
     services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
     services.media =
         std::make_unique<linux_platform::MprisMediaPlayers>(QDBusConnection::sessionBus(), Clock::system());
+    services.hotKey = std::make_unique<linux_platform::XcbGlobalHotKey>();
+    services.speech = std::make_unique<linux_platform::SpeechdSynthesizer>();
     return services;
 }
 
