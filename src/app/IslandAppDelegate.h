@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppPaths.h"
+#include "feedback/Diagnostics.h"
 #include "platform/PlatformServices.h"
 
 #include <QObject>
@@ -11,6 +12,7 @@ namespace vaxo {
 
 class AppActivity;
 class AskDecision;
+class Feedback;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
@@ -18,6 +20,7 @@ class IslandMedia;
 class IslandScheduler;
 class IslandSettings;
 class IslandState;
+class LoginItem;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -40,6 +43,8 @@ public:
 private:
     // The animation gate follows the island; the mood follows the user's idleness.
     void connectActivity();
+    // What a problem report says about this copy of the program and the machine.
+    Diagnostics diagnostics() const;
 
     AppPaths m_paths;
     PlatformServices m_platform;
@@ -54,6 +59,8 @@ private:
     std::unique_ptr<SessionsSection> m_sessions;
     std::unique_ptr<IslandLook> m_look;
     std::unique_ptr<SettingsCard> m_settingsCard;
+    std::unique_ptr<LoginItem> m_loginItem;
+    std::unique_ptr<Feedback> m_feedback;
     std::unique_ptr<IslandController> m_controller;
 };
 

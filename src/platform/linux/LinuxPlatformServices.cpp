@@ -3,6 +3,11 @@
 #include "app/Clock.h"
 
 #include "platform/ActivityPlatform.h"
+#include "platform/linux/DesktopEntryApps.h"
+#include "platform/linux/LinuxTerminalFocus.h"
+#include "platform/linux/MachineModel.h"
+#include "platform/linux/XdgAutostart.h"
+#include "platform/linux/XdgMailDrafts.h"
 #include "platform/linux/LinuxActivityPlatform.h"
 #include "platform/linux/MprisMediaPlayers.h"
 #include "platform/linux/QtPasteboard.h"
@@ -27,6 +32,11 @@ PlatformServices::PlatformServices() = default;
 PlatformServices::PlatformServices(PlatformServices &&) noexcept = default;
 PlatformServices::~PlatformServices() = default;
 
+QString PlatformServices::hardwareModel()
+{
+    return linux_platform::machineModel();
+}
+
 void PlatformServices::installLogging()
 {
     linux_platform::installSystemLog();
@@ -45,6 +55,11 @@ PlatformServices PlatformServices::make()
     services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
     services.media =
         std::make_unique<linux_platform::MprisMediaPlayers>(QDBusConnection::sessionBus(), Clock::system());
+    services.terminalFocus = std::make_unique<linux_platform::LinuxTerminalFocus>();
+    services.installedApps = std::make_unique<linux_platform::DesktopEntryApps>();
+    services.loginRegistration =
+        std::make_unique<linux_platform::XdgAutostart>(linux_platform::XdgAutostart::standard());
+    services.mailDrafts = std::make_unique<linux_platform::XdgMailDrafts>();
     return services;
 }
 
