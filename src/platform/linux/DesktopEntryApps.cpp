@@ -12,8 +12,8 @@ QString DesktopEntryApps::iconOf(const QByteArray &entry)
         const QByteArray line = raw.trimmed();
         if (line.startsWith('['))
             inMainGroup = line == "[Desktop Entry]";
-        else if (inMainGroup && line.startsWith("Icon="))
-            return QString::fromUtf8(line.mid(5)).trimmed();
+        else if (const qsizetype equals = line.indexOf('='); inMainGroup && line.left(equals).trimmed() == "Icon")
+            return QString::fromUtf8(line.mid(equals + 1)).trimmed();
     }
     return {};
 }
