@@ -27,6 +27,7 @@ Item {
 
     readonly property CardMeasures measures: root.measures
 
+    objectName: "sessionRow"
     height: rowHeight
 
     Rectangle {

@@ -56,6 +56,7 @@ Column {
     }
 
     Item {
+        objectName: "waitingCaption"
         width: panel.width
         height: waitingLabel.implicitHeight
 
