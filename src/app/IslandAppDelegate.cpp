@@ -59,8 +59,8 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_look = std::make_unique<IslandLook>(*m_settings, *m_state);
     m_settingsCard = std::make_unique<SettingsCard>(m_paths.backgrounds());
     m_loginItem = std::make_unique<LoginItem>(*m_platform.loginRegistration);
-    m_feedback = std::make_unique<Feedback>(Feedback::Services{*m_platform.pasteboard, *m_platform.mailDrafts},
-                                            [this] { return diagnostics(); }, clock);
+    m_feedback = std::make_unique<Feedback>(
+        Feedback::Services{*m_platform.pasteboard, *m_platform.mailDrafts}, [this] { return diagnostics(); }, clock);
 
     const IslandRoot::Parts parts{m_state.get(),     m_settings.get(),     m_sessions.get(),
                                   m_clipboard.get(), m_music.get(),        m_activity.get(),

@@ -14,15 +14,16 @@ QString orPlaceholder(const QString &value)
 
 QString Diagnostics::text() const
 {
-    const QString face = customFaceMoods == 0 ? QStringLiteral("no")
-                                              : QStringLiteral("yes, %1 mood(s)").arg(customFaceMoods);
+    const QString face =
+        customFaceMoods == 0 ? QStringLiteral("no") : QStringLiteral("yes, %1 mood(s)").arg(customFaceMoods);
     return QStringList{
         QStringLiteral("---- please keep this, it is what makes the report actionable ----"),
         QStringLiteral("VAXO Island : ") + appVersion,
         QStringLiteral("Linux       : ") + system,
         QStringLiteral("Machine     : ") + machine + QStringLiteral(" (") + architecture + QLatin1Char(')'),
-        QStringLiteral("Accessibility: ") +
-            (accessibility ? QStringLiteral("granted") : QStringLiteral("NOT granted \u2014 media buttons cannot work")),
+        QStringLiteral("Accessibility: ") + (accessibility
+                                                 ? QStringLiteral("granted")
+                                                 : QStringLiteral("NOT granted \u2014 media buttons cannot work")),
         QStringLiteral("Custom face : ") + face,
     }
         .join(QLatin1Char('\n'));

@@ -56,8 +56,8 @@ void Feedback::reportProblem()
         setOutcome(QStringLiteral("Opened a draft in your mail app \u2014 nothing is sent until you send it"));
         return;
     }
-    m_services.pasteboard.writeText(QStringLiteral("To: ") + kSupportAddress + QStringLiteral("\nSubject: ") +
-                                    subject + QStringLiteral("\n\n") + body);
+    m_services.pasteboard.writeText(QStringLiteral("To: ") + kSupportAddress + QStringLiteral("\nSubject: ") + subject +
+                                    QStringLiteral("\n\n") + body);
     setOutcome(QStringLiteral("No mail app is set up \u2014 the report is on your clipboard, send it to ") +
                kSupportAddress);
 }

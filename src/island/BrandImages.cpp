@@ -60,16 +60,15 @@ QImage BrandImages::requestImage(const QString &id, QSize *size, const QSize &re
     const QSize target = requestedSize.isValid() && !requestedSize.isEmpty() ? requestedSize : QSize(24, 24);
     QImage image = blank(target);
     const auto appIcon = AgentBrand::appIcon(agent, m_apps);
-    const QIcon icon = !appIcon ? QIcon()
+    const QIcon icon = !appIcon                                ? QIcon()
                        : appIcon->startsWith(QLatin1Char('/')) ? QIcon(*appIcon)
-                                                                : QIcon::fromTheme(*appIcon);
+                                                               : QIcon::fromTheme(*appIcon);
     if (!icon.isNull()) {
         image = icon.pixmap(target).toImage().scaled(target, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     } else {
         const AgentBrand::Tint tint = AgentBrand::tint(agent);
-        QSvgRenderer renderer(symbolSvg(AgentBrand::symbol(agent), QColor::fromRgbF(float(tint.red), float(tint.green),
-                                                                                    float(tint.blue))
-                                                                       .name())
+        QSvgRenderer renderer(symbolSvg(AgentBrand::symbol(agent),
+                                        QColor::fromRgbF(float(tint.red), float(tint.green), float(tint.blue)).name())
                                   .toUtf8());
         QPainter painter(&image);
         painter.setOpacity(tint.opacity);

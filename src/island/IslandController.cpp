@@ -140,11 +140,10 @@ void IslandController::hide()
 void IslandController::focusSession(const QString &sessionId)
 {
     const QList<AgentSession> &sessions = m_state.agentSessions();
-    const auto session = std::find_if(sessions.begin(), sessions.end(),
-                                      [&](const AgentSession &s) { return s.id == sessionId; });
+    const auto session =
+        std::find_if(sessions.begin(), sessions.end(), [&](const AgentSession &s) { return s.id == sessionId; });
     // A copy: collapsing may hand the state a new list.
-    const std::optional<AgentSession> target =
-        session != sessions.end() ? std::optional(*session) : std::nullopt;
+    const std::optional<AgentSession> target = session != sessions.end() ? std::optional(*session) : std::nullopt;
     m_state.collapse();
     if (target)
         m_services.terminals.focus(*target);

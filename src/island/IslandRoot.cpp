@@ -1,8 +1,8 @@
 #include "island/IslandRoot.h"
 
 #include "clipboard/IslandClipboard.h"
-#include "island/CardLabels.h"
 #include "island/BrandImages.h"
+#include "island/CardLabels.h"
 #include "island/CardMeasures.h"
 #include "island/GlyphImages.h"
 

@@ -1,5 +1,5 @@
-#include "feedback/CustomFace.h"
 #include "feedback/Feedback.h"
+#include "feedback/CustomFace.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/XdgMailDrafts.h"
 

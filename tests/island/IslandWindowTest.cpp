@@ -279,8 +279,10 @@ void IslandWindowTest::aClickOnASessionBringsItsTerminalForward_data()
 {
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("target");
-    QTest::newRow("its row") << "working" << "sessionRow";
-    QTest::newRow("the waiting caption") << "waiting" << "waitingCaption";
+    QTest::newRow("its row") << "working"
+                             << "sessionRow";
+    QTest::newRow("the waiting caption") << "waiting"
+                                         << "waitingCaption";
 }
 
 void IslandWindowTest::aClickOnASessionBringsItsTerminalForward()

@@ -20,9 +20,9 @@ struct Tmux {
     QString run(const QStringList &arguments) const
     {
         QProcess tmux;
-        tmux.start(QStringLiteral("tmux"), QStringList{QStringLiteral("-L"), socket, QStringLiteral("-f"),
-                                                       QStringLiteral("/dev/null")} +
-                                               arguments);
+        tmux.start(QStringLiteral("tmux"),
+                   QStringList{QStringLiteral("-L"), socket, QStringLiteral("-f"), QStringLiteral("/dev/null")} +
+                       arguments);
         tmux.waitForFinished();
         return QString::fromUtf8(tmux.readAllStandardOutput()).trimmed();
     }

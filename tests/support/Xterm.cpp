@@ -18,10 +18,9 @@ QByteArray output(const QString &program, const QStringList &arguments)
 
 Xterm::Xterm(const QString &command)
 {
-    m_process.start(QStringLiteral("xterm"),
-                    {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
-                     QStringLiteral("tty > \"$0.part\" && mv \"$0.part\" \"$0\"; eval \"$1\""),
-                     m_dir.filePath(QStringLiteral("tty")), command});
+    m_process.start(QStringLiteral("xterm"), {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
+                                              QStringLiteral("tty > \"$0.part\" && mv \"$0.part\" \"$0\"; eval \"$1\""),
+                                              m_dir.filePath(QStringLiteral("tty")), command});
 }
 
 Xterm::~Xterm()
@@ -50,8 +49,8 @@ bool Xterm::ready()
 quint32 Xterm::activeWindow()
 {
     // "_NET_ACTIVE_WINDOW(WINDOW): window id # 0x200008"
-    const QString line = QString::fromLatin1(output(QStringLiteral("xprop"), {QStringLiteral("-root"),
-                                                                              QStringLiteral("_NET_ACTIVE_WINDOW")}));
+    const QString line = QString::fromLatin1(
+        output(QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_ACTIVE_WINDOW")}));
     const QRegularExpressionMatch match = QRegularExpression(QStringLiteral("0x[0-9a-fA-F]+")).match(line);
     return match.hasMatch() ? match.captured().toUInt(nullptr, 16) : 0;
 }

@@ -4,15 +4,15 @@
 
 #include "platform/ActivityPlatform.h"
 #include "platform/linux/DesktopEntryApps.h"
+#include "platform/linux/LinuxActivityPlatform.h"
 #include "platform/linux/LinuxTerminalFocus.h"
 #include "platform/linux/MachineModel.h"
-#include "platform/linux/XdgAutostart.h"
-#include "platform/linux/XdgMailDrafts.h"
-#include "platform/linux/LinuxActivityPlatform.h"
 #include "platform/linux/MprisMediaPlayers.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
+#include "platform/linux/XdgAutostart.h"
+#include "platform/linux/XdgMailDrafts.h"
 
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"

@@ -32,7 +32,7 @@ QByteArray run(const QString &program, const QStringList &arguments, const QStri
         return {};
     }
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? process.readAllStandardOutput()
-                                                                                     : QByteArray();
+                                                                                   : QByteArray();
 }
 
 // A variable of the environment of a process on /dev/pts/<pts>, the first found.
@@ -79,9 +79,9 @@ void selectKittyWindow(int pts)
     const auto socket = variableOn(pts, QStringLiteral("KITTY_LISTEN_ON"));
     const auto window = variableOn(pts, QStringLiteral("KITTY_WINDOW_ID"));
     if (socket && window)
-        run(QStringLiteral("kitty"), {QStringLiteral("@"), QStringLiteral("--to"), *socket,
-                                      QStringLiteral("focus-window"), QStringLiteral("--match"),
-                                      QStringLiteral("id:") + *window});
+        run(QStringLiteral("kitty"),
+            {QStringLiteral("@"), QStringLiteral("--to"), *socket, QStringLiteral("focus-window"),
+             QStringLiteral("--match"), QStringLiteral("id:") + *window});
 }
 
 void selectWeztermPane(const QString &tty, int pts)
@@ -91,7 +91,8 @@ void selectWeztermPane(const QString &tty, int pts)
         environment << QStringLiteral("WEZTERM_UNIX_SOCKET=") + *socket;
     const QString wezterm = QStringLiteral("wezterm");
     const auto pane = TerminalPanes::weztermPane(
-        run(wezterm, {QStringLiteral("cli"), QStringLiteral("list"), QStringLiteral("--format"), QStringLiteral("json")},
+        run(wezterm,
+            {QStringLiteral("cli"), QStringLiteral("list"), QStringLiteral("--format"), QStringLiteral("json")},
             environment),
         tty);
     if (pane)

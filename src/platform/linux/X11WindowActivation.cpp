@@ -1,5 +1,7 @@
 #include "platform/linux/X11WindowActivation.h"
 
+#include "platform/linux/XcbValues.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -9,37 +11,23 @@
 namespace vaxo::linux_platform::X11WindowActivation {
 namespace {
 
-template <typename T> using Reply = std::unique_ptr<T, decltype(&std::free)>;
 using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 
 xcb_atom_t atom(xcb_connection_t *c, const char *name)
 {
-    Reply<xcb_intern_atom_reply_t> reply(
+    XcbReply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, uint16_t(std::strlen(name)), name), nullptr), &std::free);
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-}
-
-QList<quint32> values(xcb_connection_t *c, xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
-{
-    Reply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(c, xcb_get_property(c, 0, window, property, type, 0, 4096), nullptr), &std::free);
-    QList<quint32> out;
-    if (!reply || reply->format != 32)
-        return out;
-    const auto *data = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
-    for (int i = 0; i < xcb_get_property_value_length(reply.get()) / 4; ++i)
-        out.append(data[i]);
-    return out;
 }
 
 // The managed window of the first process in pids that has one; of several, the top-most.
 xcb_window_t windowOf(xcb_connection_t *c, xcb_window_t root, const QList<qint64> &pids)
 {
-    const QList<quint32> stacking = values(c, root, atom(c, "_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW);
+    const QList<quint32> stacking = xcbValues(c, root, atom(c, "_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW);
     const xcb_atom_t pidAtom = atom(c, "_NET_WM_PID");
     QList<qint64> owners;
     for (quint32 window : stacking)
-        owners << values(c, window, pidAtom, XCB_ATOM_CARDINAL).value(0);
+        owners << xcbValues(c, window, pidAtom, XCB_ATOM_CARDINAL).value(0);
     for (qint64 pid : pids)
         for (qsizetype i = stacking.size() - 1; i >= 0; --i)
             if (owners.at(i) == pid)
