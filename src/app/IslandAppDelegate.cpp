@@ -7,8 +7,11 @@
 #include "app/Clock.h"
 #include "app/IslandScheduler.h"
 #include "app/IslandSettings.h"
+#include "app/LoginItem.h"
 #include "clipboard/IslandClipboard.h"
 #include "face/IslandVoice.h"
+#include "feedback/CustomFace.h"
+#include "feedback/Feedback.h"
 #include "island/IslandController.h"
 #include "island/IslandLook.h"
 #include "island/IslandState.h"
@@ -21,14 +24,19 @@
 #include "media/MusicSection.h"
 #include "platform/ActivityPlatform.h"
 #include "platform/DesktopWindows.h"
+#include "platform/InstalledApps.h"
+#include "platform/LoginRegistration.h"
+#include "platform/MailDrafts.h"
 #include "platform/MediaPlayers.h"
 #include "platform/PanelShell.h"
 #include "platform/PointerMonitor.h"
 #include "platform/SoundPlayer.h"
 #include "platform/SpeechSynthesizer.h"
+#include "platform/TerminalFocus.h"
 
 #include <QDir>
 #include <QPointer>
+#include <QSysInfo>
 
 namespace vaxo {
 
@@ -55,14 +63,25 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_sessions = std::make_unique<SessionsSection>(*m_state, *m_decisions, clock);
     m_look = std::make_unique<IslandLook>(*m_settings, *m_state);
     m_settingsCard = std::make_unique<SettingsCard>(m_paths.backgrounds());
+    m_loginItem = std::make_unique<LoginItem>(*m_platform.loginRegistration);
+    m_feedback = std::make_unique<Feedback>(
+        Feedback::Services{*m_platform.pasteboard, *m_platform.mailDrafts}, [this] { return diagnostics(); }, clock);
 
     const IslandRoot::Parts parts{m_state.get(),     m_settings.get(),     m_sessions.get(),
                                   m_clipboard.get(), m_music.get(),        m_activity.get(),
-                                  m_look.get(),      m_settingsCard.get(), m_paths.backgrounds()};
+                                  m_look.get(),      m_settingsCard.get(), m_paths.backgrounds(),
+                                  m_loginItem.get(), m_feedback.get(),     m_platform.installedApps.get()};
+    // The login switch shows the system's record as it is whenever the settings open.
+    connect(m_state.get(), &IslandState::showSettingsChanged, m_loginItem.get(), [this] {
+        if (m_state->showSettings())
+            m_loginItem->refresh();
+    });
     // The feeders in the order the island starts them: sessions, then media, then the clipboard.
     m_controller = std::make_unique<IslandController>(
         parts, QList<Feeder *>{m_state.get(), m_media.get(), m_clipboard.get()}, *m_scheduler,
-        IslandController::Services{*m_platform.panelShell, *m_platform.pointer, *m_platform.desktopWindows}, clock);
+        IslandController::Services{*m_platform.panelShell, *m_platform.pointer, *m_platform.desktopWindows,
+                                   *m_platform.terminalFocus},
+        clock);
 
     m_voice = std::make_unique<IslandVoice>(*m_platform.speech, IslandVoice::userLanguage(QLocale::system()));
     m_summonView = std::make_unique<SummonView>(*m_state);
@@ -85,6 +104,17 @@ void IslandAppDelegate::connectActivity()
     m_state->setUserIdle(m_scheduler->userIdle());
     connect(m_scheduler.get(), &IslandScheduler::userIdleChanged, m_state.get(),
             [this] { m_state->setUserIdle(m_scheduler->userIdle()); });
+}
+
+// The program has no build number of its own: its place shows the placeholder.
+Diagnostics IslandAppDelegate::diagnostics() const
+{
+    return {Diagnostics::versionText(QStringLiteral(VAXO_VERSION), QString()),
+            QSysInfo::prettyProductName(),
+            PlatformServices::hardwareModel(),
+            QSysInfo::currentCpuArchitecture(),
+            m_media->accessibilityGranted(),
+            CustomFace::moodCount(m_paths.face())};
 }
 
 void IslandAppDelegate::applicationDidFinishLaunching()

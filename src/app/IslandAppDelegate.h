@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppPaths.h"
+#include "feedback/Diagnostics.h"
 #include "platform/PlatformServices.h"
 
 #include <QObject>
@@ -11,6 +12,7 @@ namespace vaxo {
 
 class AppActivity;
 class AskDecision;
+class Feedback;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
@@ -19,6 +21,7 @@ class IslandScheduler;
 class IslandSettings;
 class IslandState;
 class IslandVoice;
+class LoginItem;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -46,6 +49,8 @@ public:
 private:
     // The animation gate follows the island; the mood follows the user's idleness.
     void connectActivity();
+    // What a problem report says about this copy of the program and the machine.
+    Diagnostics diagnostics() const;
 
     AppPaths m_paths;
     PlatformServices m_platform;
@@ -60,6 +65,8 @@ private:
     std::unique_ptr<SessionsSection> m_sessions;
     std::unique_ptr<IslandLook> m_look;
     std::unique_ptr<SettingsCard> m_settingsCard;
+    std::unique_ptr<LoginItem> m_loginItem;
+    std::unique_ptr<Feedback> m_feedback;
     std::unique_ptr<IslandController> m_controller;
     std::unique_ptr<IslandVoice> m_voice;
     std::unique_ptr<SummonView> m_summonView;

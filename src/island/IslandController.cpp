@@ -12,6 +12,7 @@
 #include "platform/DesktopWindows.h"
 #include "platform/PanelShell.h"
 #include "platform/PointerMonitor.h"
+#include "platform/TerminalFocus.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -134,6 +135,18 @@ void IslandController::hide()
     for (Feeder *feeder : std::as_const(m_feeders))
         feeder->stop();
     m_panel.reset();
+}
+
+void IslandController::focusSession(const QString &sessionId)
+{
+    const QList<AgentSession> &sessions = m_state.agentSessions();
+    const auto session =
+        std::find_if(sessions.begin(), sessions.end(), [&](const AgentSession &s) { return s.id == sessionId; });
+    // A copy: collapsing may hand the state a new list.
+    const std::optional<AgentSession> target = session != sessions.end() ? std::optional(*session) : std::nullopt;
+    m_state.collapse();
+    if (target)
+        m_services.terminals.focus(*target);
 }
 
 QScreen *IslandController::targetScreen() const

@@ -25,6 +25,7 @@ class IslandScheduler;
 class PanelPointer;
 class PanelShell;
 class PointerMonitor;
+class TerminalFocus;
 
 // Owns the island's window: keeps it at the top centre of the target display and sized for the
 // island state, lets clicks outside the island fall through, opens the card on hover and closes it on
@@ -49,6 +50,7 @@ public:
         PanelShell &shell;
         PointerMonitor &pointer;
         DesktopWindows &windows;
+        TerminalFocus &terminals;
     };
 
     // feeders start in this order when the island first shows, and stop in it when it hides; parts
@@ -63,6 +65,10 @@ public:
     void hide();
     void layoutPanel();
     void updateInteractiveRect();
+
+    // Closes the card and brings the session's terminal, and its tab or pane, to the front; a session
+    // that is gone only closes the card.
+    Q_INVOKABLE void focusSession(const QString &sessionId);
 
     // The view's own size of the island, reported when it changes.
     Q_INVOKABLE void reportMeasuredSize(double width, double height);

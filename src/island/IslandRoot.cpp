@@ -1,6 +1,7 @@
 #include "island/IslandRoot.h"
 
 #include "clipboard/IslandClipboard.h"
+#include "island/BrandImages.h"
 #include "island/CardLabels.h"
 #include "island/CardMeasures.h"
 #include "island/GlyphImages.h"
@@ -105,6 +106,7 @@ void IslandRoot::installImageProviders(QQmlEngine &engine) const
     engine.addImageProvider(QStringLiteral("glyph"), new GlyphImages);
     engine.addImageProvider(QStringLiteral("artwork"), new RoundedArtwork);
     engine.addImageProvider(QStringLiteral("backdrop"), new Backdrops(m_parts.backgrounds));
+    engine.addImageProvider(QStringLiteral("brand"), new BrandImages(*m_parts.apps));
 }
 
 void IslandRoot::quit()

@@ -7,7 +7,9 @@ class QQmlEngine;
 
 Q_MOC_INCLUDE("app/AppActivity.h")
 Q_MOC_INCLUDE("app/IslandSettings.h")
+Q_MOC_INCLUDE("app/LoginItem.h")
 Q_MOC_INCLUDE("clipboard/IslandClipboard.h")
+Q_MOC_INCLUDE("feedback/Feedback.h")
 Q_MOC_INCLUDE("island/CardLabels.h")
 Q_MOC_INCLUDE("island/CardMeasures.h")
 Q_MOC_INCLUDE("island/IslandController.h")
@@ -22,11 +24,14 @@ namespace vaxo {
 class AppActivity;
 class CardLabels;
 class CardMeasures;
+class Feedback;
+class InstalledApps;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
 class IslandSettings;
 class IslandState;
+class LoginItem;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -47,6 +52,8 @@ class IslandRoot : public QObject {
     Q_PROPERTY(vaxo::CardMeasures *measures READ measures CONSTANT)
     Q_PROPERTY(vaxo::CardLabels *labels READ labels CONSTANT)
     Q_PROPERTY(vaxo::SettingsCard *settingsCard READ settingsCard CONSTANT)
+    Q_PROPERTY(vaxo::LoginItem *loginItem READ loginItem CONSTANT)
+    Q_PROPERTY(vaxo::Feedback *feedback READ feedback CONSTANT)
 
 public:
     // The long-lived objects the views read; the composition root owns them.
@@ -60,6 +67,9 @@ public:
         IslandLook *look;
         SettingsCard *settingsCard;
         QString backgrounds; // the folder of backdrop images
+        LoginItem *loginItem;
+        Feedback *feedback;
+        const InstalledApps *apps; // whose icons mark the sessions' agents
     };
 
     IslandRoot(const Parts &parts, IslandController *controller, QObject *parent = nullptr);
@@ -75,8 +85,10 @@ public:
     CardMeasures *measures() const { return m_measures; }
     CardLabels *labels() const { return m_labels; }
     SettingsCard *settingsCard() const { return m_parts.settingsCard; }
+    LoginItem *loginItem() const { return m_parts.loginItem; }
+    Feedback *feedback() const { return m_parts.feedback; }
 
-    // The images the views ask for by URL: clip thumbnails and backdrops.
+    // The images the views ask for by URL: clip thumbnails, backdrops and agents' marks.
     void installImageProviders(QQmlEngine &engine) const;
 
     // Ends the program the normal way, as the settings card's last row asks.

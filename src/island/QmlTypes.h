@@ -5,10 +5,12 @@
 
 #include "app/AppActivity.h"
 #include "app/IslandSettings.h"
+#include "app/LoginItem.h"
 #include "app/Tier.h"
 #include "clipboard/ClipKind.h"
 #include "clipboard/ClipListModel.h"
 #include "clipboard/IslandClipboard.h"
+#include "feedback/Feedback.h"
 #include "island/CardLabels.h"
 #include "island/CardMeasures.h"
 #include "island/IslandController.h"
@@ -56,6 +58,13 @@ struct ClipListModelForeign {
     QML_UNCREATABLE("Made by the program")
 };
 
+struct FeedbackForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::Feedback)
+    QML_NAMED_ELEMENT(Feedback)
+    QML_UNCREATABLE("Made by the program")
+};
+
 struct IslandClipboardForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandClipboard)
@@ -88,6 +97,13 @@ struct IslandStateForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandState)
     QML_NAMED_ELEMENT(IslandState)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct LoginItemForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::LoginItem)
+    QML_NAMED_ELEMENT(LoginItem)
     QML_UNCREATABLE("Made by the program")
 };
 

@@ -28,6 +28,10 @@ QVariant SessionListModel::data(const QModelIndex &index, int role) const
         return row.id;
     case AgentRole:
         return row.agent;
+    case BrandRole:
+        return row.brand;
+    case BrandIconRole:
+        return row.brandIcon;
     case LabelRole:
         return row.label;
     case IconRole:
@@ -67,6 +71,8 @@ QHash<int, QByteArray> SessionListModel::roleNames() const
 {
     return {{IdRole, "sessionId"},
             {AgentRole, "agent"},
+            {BrandRole, "brand"},
+            {BrandIconRole, "brandIcon"},
             {LabelRole, "label"},
             {IconRole, "statusIcon"},
             {ElapsedRole, "elapsed"},

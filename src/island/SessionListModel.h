@@ -14,6 +14,8 @@ public:
     enum Role {
         IdRole = Qt::UserRole + 1,
         AgentRole,
+        BrandRole,
+        BrandIconRole,
         LabelRole,
         IconRole,
         ElapsedRole,

@@ -1,7 +1,10 @@
 #include "island/SessionRow.h"
 
+#include "agents/AgentBrand.h"
 #include "island/CardText.h"
 #include "island/IslandGeometry.h"
+
+#include <QUrl>
 
 namespace vaxo {
 
@@ -10,6 +13,8 @@ SessionRow SessionRow::from(const AgentSession &s, double now)
     SessionRow row;
     row.id = s.id;
     row.agent = s.agent;
+    row.brand = AgentBrand::display(s.agent);
+    row.brandIcon = brandIconUrl(s.agent);
     row.label = s.label;
     row.icon = s.isWorking() ? StatusIcon::Working : s.isWaiting() ? StatusIcon::Waiting : StatusIcon::Done;
     if (s.started)
@@ -37,6 +42,11 @@ SessionRow SessionRow::from(const AgentSession &s, double now)
     row.askId = s.askId.value_or(QString());
     row.height = IslandGeometry::rowHeight(s);
     return row;
+}
+
+QString SessionRow::brandIconUrl(const QString &agent)
+{
+    return QStringLiteral("image://brand/") + QString::fromUtf8(QUrl::toPercentEncoding(agent));
 }
 
 } // namespace vaxo

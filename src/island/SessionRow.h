@@ -26,6 +26,8 @@ using status_icons::StatusIcon;
 struct SessionRow {
     QString id;
     QString agent;
+    QString brand;     // the agent's name as its maker writes it
+    QString brandIcon; // the agent's mark, "image://brand/<agent>"
     QString label;
     StatusIcon icon = StatusIcon::Done;
     QString elapsed; // empty without a start time
@@ -43,6 +45,8 @@ struct SessionRow {
     double height = 0; // the row's height in the card, as the card's size counts it
 
     static SessionRow from(const AgentSession &session, double now);
+    // The URL of an agent's mark, as the views ask for it.
+    static QString brandIconUrl(const QString &agent);
 
     bool operator==(const SessionRow &) const = default;
 };

@@ -60,6 +60,7 @@ void SessionsSection::refresh()
         const AgentSession &first = waiting.first();
         view.waitingId = first.id;
         view.waitingLabel = first.label;
+        view.waitingBrandIcon = SessionRow::brandIconUrl(first.agent);
         view.waitingFor = first.waitingFor.value_or(QString());
         view.answerable = first.isAnswerable();
         view.askId = first.askId.value_or(QString());

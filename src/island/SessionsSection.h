@@ -25,6 +25,7 @@ class SessionsSection : public QObject {
     Q_PROPERTY(bool waiting READ waiting NOTIFY changed)
     Q_PROPERTY(QString waitingId READ waitingId NOTIFY changed)
     Q_PROPERTY(QString waitingLabel READ waitingLabel NOTIFY changed)
+    Q_PROPERTY(QString waitingBrandIcon READ waitingBrandIcon NOTIFY changed)
     Q_PROPERTY(QString waitingFor READ waitingFor NOTIFY changed)
     Q_PROPERTY(bool answerable READ answerable NOTIFY changed)
     Q_PROPERTY(QString askId READ askId NOTIFY changed)
@@ -54,6 +55,7 @@ public:
     bool waiting() const { return !m_view.waitingId.isEmpty(); }
     QString waitingId() const { return m_view.waitingId; }
     QString waitingLabel() const { return m_view.waitingLabel; }
+    QString waitingBrandIcon() const { return m_view.waitingBrandIcon; }
     QString waitingFor() const { return m_view.waitingFor; }
     bool answerable() const { return m_view.answerable; }
     QString askId() const { return m_view.askId; }
@@ -78,7 +80,7 @@ private:
         QString headline;
         bool empty = true;
         QString moreRunning;
-        QString waitingId, waitingLabel, waitingFor;
+        QString waitingId, waitingLabel, waitingBrandIcon, waitingFor;
         bool answerable = false;
         QString askId, askTool, askTarget, moreWaiting, waited;
         bool operator==(const View &) const = default;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <memory>
 
 class QObject;
@@ -11,12 +13,16 @@ class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
 class GlobalHotKey;
+class InstalledApps;
+class LoginRegistration;
+class MailDrafts;
 class MediaPlayers;
 class PanelShell;
 class Pasteboard;
 class PointerMonitor;
 class SoundPlayer;
 class SpeechSynthesizer;
+class TerminalFocus;
 
 // The platform's implementations of the services the program needs, made by the platform folder
 // that the build selects.
@@ -35,9 +41,16 @@ struct PlatformServices {
     std::unique_ptr<MediaPlayers> media;
     std::unique_ptr<GlobalHotKey> hotKey;
     std::unique_ptr<SpeechSynthesizer> speech;
+    std::unique_ptr<TerminalFocus> terminalFocus;
+    std::unique_ptr<InstalledApps> installedApps;
+    std::unique_ptr<LoginRegistration> loginRegistration;
+    std::unique_ptr<MailDrafts> mailDrafts;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);
+
+    // The machine's model as its maker names it, "unknown" when the system does not say.
+    static QString hardwareModel();
 
     // Before the application object: route the log lines to the system log.
     static void installLogging();

@@ -5,6 +5,7 @@
 #include "island/IslandState.h"
 
 #include "TempHome.h"
+#include "Xterm.h"
 
 #include <QGuiApplication>
 #include <QProcess>
@@ -54,8 +55,18 @@ struct Island {
     }
     QPointF centreOf(const char *objectName) const
     {
-        auto *item = panel().rootObject()->findChild<QQuickItem *>(QLatin1String(objectName));
+        auto *item = find(panel().rootObject(), QLatin1String(objectName));
         return item ? item->mapToGlobal(item->boundingRect().center()) : QPointF(-1, -1);
+    }
+    // The first visible item of that name, also among the items a Repeater made.
+    static QQuickItem *find(QQuickItem *under, QLatin1String objectName)
+    {
+        if (under->objectName() == objectName && under->isVisible())
+            return under;
+        for (QQuickItem *child : under->childItems())
+            if (QQuickItem *found = find(child, objectName))
+                return found;
+        return nullptr;
     }
 
     test::TempHome home;
@@ -111,6 +122,8 @@ private slots:
     void clicksBesideTheIslandReachTheWindowBelow();
     void answerButtonsAnswerTheWaitingReporter_data();
     void answerButtonsAnswerTheWaitingReporter();
+    void aClickOnASessionBringsItsTerminalForward_data();
+    void aClickOnASessionBringsItsTerminalForward();
     void fullScreenWindowsConcealTheIsland();
     void disabledIslandShowsNothing();
 
@@ -266,6 +279,39 @@ void IslandWindowTest::answerButtonsAnswerTheWaitingReporter()
     QCOMPARE(hook.readAllStandardOutput(),
              R"({"hookSpecificOutput":{"hookEventName":"PermissionRequest","decision":{"behavior":")" + behavior +
                  "\"}}}\n");
+}
+
+void IslandWindowTest::aClickOnASessionBringsItsTerminalForward_data()
+{
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("target");
+    QTest::newRow("its row") << "working"
+                             << "sessionRow";
+    QTest::newRow("the waiting caption") << "waiting"
+                                         << "waitingCaption";
+}
+
+void IslandWindowTest::aClickOnASessionBringsItsTerminalForward()
+{
+    QFETCH(QString, status);
+    QFETCH(QString, target);
+    test::Xterm agentTerminal, other;
+    QTRY_VERIFY_WITH_TIMEOUT(agentTerminal.ready() && other.ready(), 20'000);
+    QProcess::execute("xdotool", {"windowactivate", "--sync", QString::number(other.window())});
+    QTRY_COMPARE(test::Xterm::activeWindow(), other.window());
+
+    Island island;
+    QVERIFY(QTest::qWaitForWindowExposed(&island.panel()));
+    test::TempHome::replace(island.home.paths().sessions() + "/s.json",
+                            QStringLiteral(R"({"id":"s","agent":"claude-code","label":"api","status":"%1","tty":"%2"})")
+                                .arg(status, agentTerminal.tty())
+                                .toUtf8());
+    QTRY_COMPARE(island.state().agentSessions().size(), 1);
+    island.state().setExpanded(true);
+    QTRY_VERIFY(island.opened());
+    clickAt(island.centreOf(qPrintable(target)));
+    QTRY_VERIFY(!island.state().expanded());
+    QTRY_COMPARE_WITH_TIMEOUT(test::Xterm::activeWindow(), agentTerminal.window(), 10'000);
 }
 
 void IslandWindowTest::fullScreenWindowsConcealTheIsland()

@@ -1,12 +1,17 @@
 import QtQuick
+import QtQuick.Window
 import Vaxo.Island
 
-// One session of the list: its status, label and time, then its last prompt, what it does now, and
-// its tasks. Every line's height comes from the same measures that size the card.
+// One session of the list: its status, label, agent and time, then its last prompt, what it does now,
+// and its tasks. Every line's height comes from the same measures that size the card. A click brings
+// the session's terminal to the front.
 Item {
     id: row
 
     required property IslandRoot root
+    required property string sessionId
+    required property string brand
+    required property string brandIcon
     required property string label
     required property int statusIcon
     required property string elapsed
@@ -22,12 +27,21 @@ Item {
 
     readonly property CardMeasures measures: root.measures
 
+    objectName: "sessionRow"
     height: rowHeight
 
     Rectangle {
         anchors.fill: parent
         radius: 12
-        color: Qt.rgba(1, 1, 1, 0.06)
+        color: Qt.rgba(1, 1, 1, tap.pressed ? 0.13 : hover.hovered ? 0.09 : 0.06)
+    }
+    HoverHandler {
+        id: hover
+        cursorShape: Qt.PointingHandCursor
+    }
+    TapHandler {
+        id: tap
+        onTapped: row.root.controller.focusSession(row.sessionId)
     }
 
     Column {
@@ -49,7 +63,7 @@ Item {
             Text {
                 anchors.left: status.right
                 anchors.leftMargin: 8
-                anchors.right: time.left
+                anchors.right: brandMark.left
                 anchors.rightMargin: 8
                 anchors.verticalCenter: parent.verticalCenter
                 text: row.label
@@ -58,6 +72,28 @@ Item {
                 font.pixelSize: 12
                 font.weight: Font.Bold
                 elide: Text.ElideRight
+            }
+            Image {
+                id: brandMark
+                anchors.right: brandName.left
+                anchors.rightMargin: 4
+                anchors.verticalCenter: parent.verticalCenter
+                width: 12
+                height: 12
+                sourceSize: Qt.size(Math.ceil(width * Screen.devicePixelRatio), Math.ceil(height * Screen.devicePixelRatio))
+                source: row.brandIcon
+                smooth: true
+            }
+            Text {
+                id: brandName
+                anchors.right: time.left
+                anchors.rightMargin: 8
+                anchors.verticalCenter: parent.verticalCenter
+                text: row.brand
+                color: Qt.rgba(1, 1, 1, 0.45)
+                font.family: "Inter"
+                font.pixelSize: 10
+                font.weight: Font.DemiBold
             }
             Text {
                 id: time

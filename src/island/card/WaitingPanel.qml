@@ -1,8 +1,10 @@
 import QtQuick
+import QtQuick.Window
 import Vaxo.Island
 
 // The session that waits for the user: the caption, which session it is, what it asks to do, and the
-// answer buttons when the island can answer; below, how many more wait.
+// answer buttons when the island can answer; below, how many more wait. A click on the caption or the
+// session brings its terminal to the front.
 Column {
     id: panel
 
@@ -13,6 +15,13 @@ Column {
 
     Row {
         spacing: 6
+
+        HoverHandler {
+            cursorShape: Qt.PointingHandCursor
+        }
+        TapHandler {
+            onTapped: panel.root.controller.focusSession(panel.section.waitingId)
+        }
 
         Glyph {
             anchors.verticalCenter: parent.verticalCenter
@@ -46,14 +55,38 @@ Column {
         }
     }
 
-    Text {
+    Item {
+        objectName: "waitingCaption"
         width: panel.width
-        text: panel.section.waitingLabel
-        color: "white"
-        font.family: "Inter"
-        font.pixelSize: 15
-        font.weight: Font.Bold
-        elide: Text.ElideRight
+        height: waitingLabel.implicitHeight
+
+        Text {
+            id: waitingLabel
+            width: Math.min(implicitWidth, parent.width - waitingMark.width - 8)
+            text: panel.section.waitingLabel
+            color: "white"
+            font.family: "Inter"
+            font.pixelSize: 15
+            font.weight: Font.Bold
+            elide: Text.ElideRight
+        }
+        Image {
+            id: waitingMark
+            anchors.left: waitingLabel.right
+            anchors.leftMargin: 8
+            anchors.verticalCenter: waitingLabel.verticalCenter
+            width: 14
+            height: 14
+            sourceSize: Qt.size(Math.ceil(width * Screen.devicePixelRatio), Math.ceil(height * Screen.devicePixelRatio))
+            source: panel.section.waitingBrandIcon
+            smooth: true
+        }
+        HoverHandler {
+            cursorShape: Qt.PointingHandCursor
+        }
+        TapHandler {
+            onTapped: panel.root.controller.focusSession(panel.section.waitingId)
+        }
     }
 
     AskLine {

@@ -1,7 +1,8 @@
 import QtQuick
 import Vaxo.Island
 
-// Every setting, one row each, taking effect as it is changed; and the way to quit.
+// Every setting, one row each, taking effect as it is changed; launch at login, the problem report;
+// and the way to quit.
 Column {
     id: view
 
@@ -149,6 +150,21 @@ Column {
             accent: view.accent
             onToggled: on => view.settings.speak = on
         }
+    }
+    SettingRow {
+        label: view.root.loginItem.label
+        rowHeight: view.rowHeight
+        Toggle {
+            objectName: "launchAtLogin"
+            on: view.root.loginItem.enabled
+            accent: view.accent
+            onToggled: view.root.loginItem.toggle()
+        }
+    }
+    FeedbackRow {
+        width: view.width
+        height: view.rowHeight
+        feedback: view.root.feedback
     }
 
     Item {

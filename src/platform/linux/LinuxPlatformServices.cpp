@@ -3,12 +3,17 @@
 #include "app/Clock.h"
 
 #include "platform/ActivityPlatform.h"
+#include "platform/linux/DesktopEntryApps.h"
 #include "platform/linux/LinuxActivityPlatform.h"
+#include "platform/linux/LinuxTerminalFocus.h"
+#include "platform/linux/MachineModel.h"
 #include "platform/linux/MprisMediaPlayers.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SpeechdSynthesizer.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
+#include "platform/linux/XdgAutostart.h"
+#include "platform/linux/XdgMailDrafts.h"
 
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"
@@ -28,6 +33,11 @@ FolderWatcher *PlatformServices::newFolderWatcher(QObject *parent)
 PlatformServices::PlatformServices() = default;
 PlatformServices::PlatformServices(PlatformServices &&) noexcept = default;
 PlatformServices::~PlatformServices() = default;
+
+QString PlatformServices::hardwareModel()
+{
+    return linux_platform::machineModel();
+}
 
 void PlatformServices::installLogging()
 {
@@ -49,6 +59,11 @@ PlatformServices PlatformServices::make()
         std::make_unique<linux_platform::MprisMediaPlayers>(QDBusConnection::sessionBus(), Clock::system());
     services.hotKey = std::make_unique<linux_platform::XcbGlobalHotKey>();
     services.speech = std::make_unique<linux_platform::SpeechdSynthesizer>();
+    services.terminalFocus = std::make_unique<linux_platform::LinuxTerminalFocus>();
+    services.installedApps = std::make_unique<linux_platform::DesktopEntryApps>();
+    services.loginRegistration =
+        std::make_unique<linux_platform::XdgAutostart>(linux_platform::XdgAutostart::standard());
+    services.mailDrafts = std::make_unique<linux_platform::XdgMailDrafts>();
     return services;
 }
 

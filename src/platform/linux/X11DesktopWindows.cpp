@@ -1,5 +1,7 @@
 #include "platform/linux/X11DesktopWindows.h"
 
+#include "platform/linux/XcbValues.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSocketNotifier>
@@ -11,21 +13,6 @@
 
 namespace vaxo::linux_platform {
 namespace {
-
-template <typename T> using Reply = std::unique_ptr<T, decltype(&std::free)>;
-
-QList<quint32> values(xcb_connection_t *c, quint32 window, quint32 property, quint32 type)
-{
-    Reply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(c, xcb_get_property(c, 0, window, property, type, 0, 4096), nullptr), &std::free);
-    QList<quint32> out;
-    if (!reply || reply->format != 32)
-        return out;
-    const auto *data = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
-    for (int i = 0; i < xcb_get_property_value_length(reply.get()) / 4; ++i)
-        out.append(data[i]);
-    return out;
-}
 
 constexpr quint32 kAllDesktops = 0xFFFFFFFF;
 
@@ -58,7 +45,7 @@ quint32 X11DesktopWindows::atom(const char *name) const
     const auto cached = m_atoms.constFind(name);
     if (cached != m_atoms.constEnd())
         return *cached;
-    Reply<xcb_intern_atom_reply_t> reply(
+    XcbReply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(m_connection, xcb_intern_atom(m_connection, 0, quint16(qstrlen(name)), name), nullptr),
         &std::free);
     const quint32 value = reply ? reply->atom : quint32(XCB_ATOM_NONE);
@@ -69,7 +56,7 @@ quint32 X11DesktopWindows::atom(const char *name) const
 // The state of the active window tells when it goes full screen without the stacking order changing.
 void X11DesktopWindows::followActiveWindow()
 {
-    const quint32 active = values(m_connection, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW).value(0);
+    const quint32 active = xcbValues(m_connection, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW).value(0);
     if (active == m_active)
         return;
     const quint32 none = XCB_EVENT_MASK_NO_EVENT, property = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -110,24 +97,24 @@ QList<DesktopWindow> X11DesktopWindows::windows() const
         return list;
     xcb_connection_t *c = m_connection;
     const QList<quint32> ignoredTypes{atom("_NET_WM_WINDOW_TYPE_DESKTOP"), atom("_NET_WM_WINDOW_TYPE_DOCK")};
-    const quint32 desktop = values(c, m_root, atom("_NET_CURRENT_DESKTOP"), XCB_ATOM_CARDINAL).value(0);
+    const quint32 desktop = xcbValues(c, m_root, atom("_NET_CURRENT_DESKTOP"), XCB_ATOM_CARDINAL).value(0);
     // X coordinates are device pixels; the island measures in device-independent ones.
     const QScreen *screen = qGuiApp ? QGuiApplication::primaryScreen() : nullptr;
     const double ratio = screen ? screen->devicePixelRatio() : 1.0;
 
-    for (quint32 window : values(c, m_root, atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW)) {
-        const QList<quint32> types = values(c, window, atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM);
-        const QList<quint32> states = values(c, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM);
-        const QList<quint32> onDesktop = values(c, window, atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL);
+    for (quint32 window : xcbValues(c, m_root, atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW)) {
+        const QList<quint32> types = xcbValues(c, window, atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM);
+        const QList<quint32> states = xcbValues(c, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM);
+        const QList<quint32> onDesktop = xcbValues(c, window, atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL);
         if (std::any_of(types.begin(), types.end(), [&](quint32 t) { return ignoredTypes.contains(t); }) ||
             states.contains(atom("_NET_WM_STATE_HIDDEN")) ||
             (!onDesktop.isEmpty() && onDesktop.first() != desktop && onDesktop.first() != kAllDesktops))
             continue;
-        Reply<xcb_get_window_attributes_reply_t> attributes(
+        XcbReply<xcb_get_window_attributes_reply_t> attributes(
             xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, window), nullptr), &std::free);
-        Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr),
-                                                 &std::free);
-        Reply<xcb_translate_coordinates_reply_t> origin(
+        XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr),
+                                                    &std::free);
+        XcbReply<xcb_translate_coordinates_reply_t> origin(
             xcb_translate_coordinates_reply(c, xcb_translate_coordinates(c, window, m_root, 0, 0), nullptr),
             &std::free);
         if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE || !geometry || !origin)

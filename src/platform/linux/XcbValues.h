@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QList>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace vaxo::linux_platform {
+
+// A reply of the X server, freed with the owner.
+template <typename T> using XcbReply = std::unique_ptr<T, decltype(&std::free)>;
+
+// The 32-bit values of a window's property (windows, atoms, cardinals); empty when it is missing or of
+// another format.
+QList<quint32> xcbValues(xcb_connection_t *c, quint32 window, quint32 property, quint32 type);
+
+} // namespace vaxo::linux_platform

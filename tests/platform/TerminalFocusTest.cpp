@@ -1,0 +1,113 @@
+#include "agents/AgentSession.h"
+#include "platform/linux/LinuxTerminalFocus.h"
+
+#include "Xterm.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTest>
+
+using namespace vaxo;
+using linux_platform::LinuxTerminalFocus;
+using test::Xterm;
+
+namespace {
+
+// A tmux server of the test's own, on a socket no other tmux uses.
+struct Tmux {
+    const QString socket = QStringLiteral("vaxo-focus-%1").arg(QCoreApplication::applicationPid());
+    ~Tmux() { run({QStringLiteral("kill-server")}); }
+    QString run(const QStringList &arguments) const
+    {
+        QProcess tmux;
+        tmux.start(QStringLiteral("tmux"),
+                   QStringList{QStringLiteral("-L"), socket, QStringLiteral("-f"), QStringLiteral("/dev/null")} +
+                       arguments);
+        tmux.waitForFinished();
+        return QString::fromUtf8(tmux.readAllStandardOutput()).trimmed();
+    }
+    // "<pane_active> <window_active>" of the pane on tty.
+    QString stateOf(const QString &tty) const
+    {
+        for (const QString &line :
+             run({"list-panes", "-a", "-F", "#{pane_tty} #{pane_active} #{window_active}"}).split('\n'))
+            if (line.startsWith(tty + QLatin1Char(' ')))
+                return line.mid(tty.size() + 1);
+        return {};
+    }
+};
+
+AgentSession onTty(const QString &tty)
+{
+    AgentSession session;
+    session.id = QStringLiteral("s");
+    session.tty = tty;
+    return session;
+}
+
+} // namespace
+
+// Terminal windows and tmux panes brought forward for real: xterm under a window manager, a private
+// tmux server.
+class TerminalFocusTest : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY"))
+            QSKIP("needs an X server with a window manager");
+    }
+
+    void theTerminalOfTheTtyComesForward()
+    {
+        Xterm first, second;
+        QTRY_VERIFY_WITH_TIMEOUT(first.ready() && second.ready(), 20000);
+        QVERIFY(first.tty() != second.tty());
+
+        QVERIFY(LinuxTerminalFocus::focusTty(first.tty()));
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), first.window(), 10000);
+
+        // As the island asks: off its thread, for a session.
+        LinuxTerminalFocus focus;
+        focus.focus(onTty(second.tty()));
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), second.window(), 10000);
+    }
+
+    void unknownTtysAreIgnored()
+    {
+        QVERIFY(!LinuxTerminalFocus::focusTty(QString()));
+        QVERIFY(!LinuxTerminalFocus::focusTty(QStringLiteral("/dev/tty1")));
+        QVERIFY(!LinuxTerminalFocus::focusTty(QStringLiteral("/dev/pts/99999")));
+        LinuxTerminalFocus focus;
+        focus.focus(AgentSession{}); // no tty: nothing to do, nothing happens
+    }
+
+    void theTmuxPaneIsSelectedAndItsTerminalComesForward()
+    {
+        Tmux tmux;
+        tmux.run({"new-session", "-d", "-s", "work", "-x", "80", "-y", "24"});
+        const QString hidden = tmux.run({"display-message", "-p", "-t", "work", "#{pane_tty}"});
+        tmux.run({"split-window", "-t", "work"});
+        tmux.run({"new-window", "-t", "work"});
+        QCOMPARE(tmux.stateOf(hidden), QStringLiteral("0 0"));
+
+        // Without a client the pane is selected all the same; there is no window to bring forward.
+        QVERIFY(!LinuxTerminalFocus::focusTty(hidden));
+        QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));
+
+        tmux.run({"new-window", "-t", "work"});
+        Xterm other;
+        Xterm client(QStringLiteral("exec tmux -L %1 -f /dev/null attach -t work").arg(tmux.socket));
+        QTRY_VERIFY_WITH_TIMEOUT(other.ready() && client.ready(), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(!tmux.run({"list-clients"}).isEmpty(), 10000);
+        QVERIFY(LinuxTerminalFocus::focusTty(other.tty()));
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), other.window(), 10000);
+
+        QVERIFY(LinuxTerminalFocus::focusTty(hidden));
+        QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), client.window(), 10000);
+    }
+};
+
+QTEST_GUILESS_MAIN(TerminalFocusTest)
+#include "TerminalFocusTest.moc"
