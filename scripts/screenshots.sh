@@ -85,7 +85,7 @@ click $((left + 217)) 16 # the clipboard tab
 shot card-clipboard $((mid - 290)) 0 580 880
 click $((right - 26)) 16 # the gear
 click $((right - 29)) 171 # the next backdrop: the only one
-shot card-settings $((mid - 290)) 0 580 500
+shot card-settings $((mid - 290)) 0 580 540
 click $((left + 24)) 16 # back
 click $((left + 54)) 16 # the agents tab
 shot card-backdrop $((mid - 290)) 0 580 880

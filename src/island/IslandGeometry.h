@@ -26,8 +26,8 @@ public:
     static constexpr double kCardTop = 216;
     static constexpr double kCardSections = 360;
     static constexpr double kCardBottom = 26;
-    // Eleven rows, the quit button and the space around them.
-    static constexpr double kSettingsBody = 406;
+    // The settings card reports what more rows need, and the island grows for them within bounds.
+    static constexpr double kSettingsBody = 346;
     static constexpr double kBackdropRows = 60; // the backdrop's "Depth" and "Focus" rows
     // What the music section adds while a track is known: more while it plays, for the position bar.
     static constexpr double kMediaPlaying = 40;

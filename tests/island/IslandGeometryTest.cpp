@@ -81,7 +81,7 @@ void IslandGeometryTest::expandedCountsTwoRowsAndIsCapped()
     QCOMPARE(IslandGeometry::islandSize(in).height(), 32 + 860 - 24.0);
     in.settingsOpen = true;
     in.backdropChosen = true;
-    QCOMPARE(IslandGeometry::islandSize(in), QSizeF(500, 32 + 406 + 26 + 60));
+    QCOMPARE(IslandGeometry::islandSize(in), QSizeF(500, 32 + 346 + 26 + 60));
 }
 
 void IslandGeometryTest::panelAndPointerAreas()

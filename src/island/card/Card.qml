@@ -17,10 +17,11 @@ Item {
         value: card.visible && !card.settingsOpen && card.look.tab !== IslandLook.Clipboard
     }
 
-    // What the open agents tab needs in all, told to the controller, which may grow the island for it
-    // (within bounds) and sizes the click area to match.
-    readonly property real naturalHeight: header.height + top.height + agents.naturalHeight + root.measures.cardBottom
-    readonly property bool measured: root.state.expanded && !settingsOpen && agents.visible
+    // What the open agents tab or the settings need in all, told to the controller, which may grow the
+    // island for it (within bounds) and sizes the click area to match.
+    readonly property real naturalHeight: header.height + root.measures.cardBottom
+                                          + (settingsOpen ? settings.implicitHeight : top.height + agents.naturalHeight)
+    readonly property bool measured: root.state.expanded && (settingsOpen || agents.visible)
     onNaturalHeightChanged: if (measured) root.controller.reportMeasuredSize(width, naturalHeight)
     onMeasuredChanged: if (measured) root.controller.reportMeasuredSize(width, naturalHeight)
 
@@ -72,6 +73,7 @@ Item {
     }
 
     SettingsView {
+        id: settings
         visible: card.settingsOpen
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
