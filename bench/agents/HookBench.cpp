@@ -95,7 +95,7 @@ int main()
     for (int run = 0; run < kRuns + 1; ++run) {
         for (std::size_t i = 0; i < cases.size(); ++i) {
             if (!cases[i].answerId.isEmpty())
-                decisions.answer(cases[i].answerId, true);
+                decisions.answer(cases[i].answerId, vaxo::AskDecision::Answer::Allow);
             const double ms = timeRun(cases[i].argv, inputs[i], env);
             if (run > 0) // the first round warms the page cache
                 cases[i].millis.push_back(ms);

@@ -14,6 +14,7 @@ class MediaPlayers;
 class PanelShell;
 class Pasteboard;
 class PointerMonitor;
+class ProcessWatcher;
 class SoundPlayer;
 
 // The platform's implementations of the services the program needs, made by the platform folder
@@ -34,6 +35,8 @@ struct PlatformServices {
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);
+    // A new watcher of processes; the caller owns it.
+    static ProcessWatcher *newProcessWatcher(QObject *parent = nullptr);
 
     // Before the application object: route the log lines to the system log.
     static void installLogging();

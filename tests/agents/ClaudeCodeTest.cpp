@@ -116,7 +116,8 @@ void ClaudeCodeTest::oneSession()
         return record && record->isAnswerable();
     };
     const auto answer = [&](bool allow) {
-        vaxo::AskDecision(temp.paths().decisions(), vaxo::Clock::system()).answer(field("ask_id"), allow);
+        vaxo::AskDecision(temp.paths().decisions(), vaxo::Clock::system())
+            .answer(field("ask_id"), allow ? vaxo::AskDecision::Answer::Allow : vaxo::AskDecision::Answer::Deny);
     };
 
     // The stand-in holds each answer until its gate file exists, so a turn is seen under way.

@@ -2,7 +2,8 @@ import QtQuick
 import Vaxo.Island
 
 // The session that waits for the user: the caption, which session it is, what it asks to do, and the
-// answer buttons when the island can answer; below, how many more wait.
+// answer buttons when the island can answer (a third where the agent offers to remember the answer);
+// below, how many more wait.
 Column {
     id: panel
 
@@ -80,13 +81,26 @@ Column {
         topPadding: 2
 
         AnswerButton {
+            id: deny
             objectName: "denyButton"
             label: panel.root.labels.deny
             allow: false
             green: panel.root.look.done
             onClicked: panel.section.answer(panel.section.askId, false)
         }
+        // Allow, and let the agent remember what it offered, worded as its terminal words it.
         AnswerButton {
+            objectName: "alwaysButton"
+            visible: panel.section.alwaysLabel.length > 0
+            width: Math.min(implicitWidth, panel.width - deny.width - allow.width - 16)
+            label: panel.section.alwaysLabel
+            allow: true
+            soft: true
+            green: panel.root.look.done
+            onClicked: panel.section.answerAlways(panel.section.askId)
+        }
+        AnswerButton {
+            id: allow
             objectName: "allowButton"
             label: panel.root.labels.allow
             allow: true
