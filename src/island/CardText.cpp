@@ -15,7 +15,7 @@ QString folderName(QString path)
     while (path.size() > 1 && path.endsWith(QLatin1Char('/')))
         path.chop(1);
     const QString name = path.section(QLatin1Char('/'), -1);
-    return (name.isEmpty() ? path : name) + QLatin1Char('/');
+    return name.isEmpty() ? QStringLiteral("/") : name + QLatin1Char('/');
 }
 
 // "npm test" for the rule "npm test:*" or "npm test *"; the tool's name for a rule without content.
@@ -105,8 +105,10 @@ QString alwaysAllow(const QJsonArray &suggestions)
         const QJsonObject s = value.toObject();
         const QString type = s.value(QLatin1String("type")).toString();
         if (type == QLatin1String("addDirectories")) {
-            for (const QJsonValue &dir : s.value(QLatin1String("directories")).toArray())
-                folders << folderName(dir.toString());
+            for (const QJsonValue &dir : s.value(QLatin1String("directories")).toArray()) {
+                if (!dir.toString().isEmpty())
+                    folders << folderName(dir.toString());
+            }
         } else if (type == QLatin1String("addRules") && s.value(QLatin1String("behavior")) == QLatin1String("allow")) {
             for (const QJsonValue &rule : s.value(QLatin1String("rules")).toArray())
                 commands << ruleSubject(rule.toObject());
@@ -114,7 +116,6 @@ QString alwaysAllow(const QJsonArray &suggestions)
             modes << s.value(QLatin1String("mode")).toString();
         }
     }
-    folders.removeAll(QStringLiteral("/"));
     commands.removeAll(QString());
     // As in the terminal, folders and commands come before a change of mode.
     if (!folders.isEmpty() && !commands.isEmpty())
