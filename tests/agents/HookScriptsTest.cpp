@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <csignal>
+
 using vaxo::AskDecision;
 using vaxo::HookInstaller;
 using vaxo::test::rows;
@@ -450,6 +452,8 @@ refused                    | transcript {"type":"user","message":{"role":"user",
 interrupted                | transcript {"type":"user","message":{"role":"user","content":[{"type":"text","text":"[Request interrupted by user for tool use]"}]}} | done
 allowed, tool runs         | status {"sessionId":"%SID","procStart":"%START","status":"busy","statusUpdatedAt":%NOW} | working
 refused, turn over         | status {"sessionId":"%SID","procStart":"%START","status":"idle","statusUpdatedAt":%NOW} | done
+answered, hook ended       | term {"sessionId":"%SID","procStart":"%START","status":"idle","statusUpdatedAt":%NOW} | done
+hook ended, nothing said   | term | working
 another event came         | event PostToolUse | working
 session ended              | event SessionEnd | gone
 a result of another call   | transcript {"type":"user","message":{"role":"user","content":[{"type":"tool_result","content":"ok","tool_use_id":"toolu_8"}]}} | click
@@ -474,14 +478,14 @@ void HookScriptsTest::answeredInTheTerminal()
 
     QProcess hook;
     hook.setProcessEnvironment(environment("60"));
+    hook.setChildProcessModifier([] { ::setpgid(0, 0); });
     hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
     hook.write(kAsk.chopped(1) + R"(,"session_id":")" + kSid.toUtf8() + R"(","transcript_path":")" + transcript.toUtf8() + "\"}");
     hook.closeWriteChannel();
     const QString file = sessions() + "/" + kSid + ".json";
     QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
 
-    const qsizetype space = change.indexOf(' ');
-    const QByteArray what = change.left(space), detail = change.mid(space + 1);
+    const QByteArray what = change.split(' ').first(), detail = change.mid(what.size() + 1);
     if (what == "transcript") {
         QFile log(transcript);
         QVERIFY(log.open(QIODevice::Append));
@@ -490,6 +494,10 @@ void HookScriptsTest::answeredInTheTerminal()
         log.write(detail.mid(40) + "\n");
     } else if (what == "status") {
         TempHome::replace(status, fill(detail));
+    } else if (what == "term") { // as Claude Code ends the hook when its terminal got the answer
+        if (change.contains(' '))
+            TempHome::replace(status, fill(detail));
+        ::kill(-pid_t(hook.processId()), SIGTERM);
     } else {
         send(QString::fromUtf8(detail), json(R"({"tool_name":"Bash"})"));
     }
@@ -497,10 +505,12 @@ void HookScriptsTest::answeredInTheTerminal()
         AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", AskDecision::Answer::Allow);
     QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 30'000);
     QCOMPARE(hook.readAllStandardOutput(), after == "click" ? decisionOutput("allow") : QByteArray());
-    const QJsonObject record = json(TempHome::read(file));
     if (after == "gone") {
         QVERIFY(!QFileInfo::exists(file)); // not written again
     } else if (after != "click") {
+        // An ended hook's reporter may still be writing when the hook's shell is gone.
+        QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("status").toString(), QString(after), 10'000);
+        const QJsonObject record = json(TempHome::read(file));
         expectFields(record, R"({"status":")" + after + R"(","ask_id":null,"ask_tool":null,"waiting_for":null})");
         QCOMPARE(record.value("last_action").toString(), what == "event" ? "Bash" : ""); // the event's own record stays
     }

@@ -400,6 +400,16 @@ class TurnWatch:
                 return "done"
         return None
 
+    def settle(self):
+        """What the session became once the question went, judged within half a second; the turn
+        went on when nothing says otherwise (a Claude Code that quit takes its session along)."""
+        deadline = time.time() + 0.5
+        while True:
+            moved = self.moved_on()
+            if moved or time.time() > deadline:
+                return moved or "working"
+            time.sleep(0.05)
+
     def record_move(self, status):
         """Writes what the session became, unless another event already moved it on."""
         prev = load_object(self.out)
@@ -438,11 +448,13 @@ def write_record(out, sid, record):
             posix.chmod(folder, 0o700)
         write_file(tmp, dump(record).encode("ascii"))
         posix.rename(tmp, out)
-    except OSError:
+    except BaseException as error:
         try:
             posix.unlink(tmp)
         except OSError:
             pass
+        if not isinstance(error, OSError):
+            raise
 
 
 def report():
@@ -466,15 +478,34 @@ def report():
         except OSError:
             pass
         return
+    asks = event == "PermissionRequest" and record["ask_id"]
+    if asks:
+        # Claude Code ends the hook (SIGTERM, then SIGKILL a second or so later) when the question
+        # is answered in its terminal: what happened is then settled from what it left behind.
+        # Ready before the question shows, as the answer may come at once.
+        import _signal
+        _signal.signal(_signal.SIGTERM, answered_elsewhere)
     if out:
         write_record(out, sid, record)
-    if event == "PermissionRequest" and record["ask_id"]:
+    if asks:
         watch = TurnWatch(payload, record, out)
-        behavior, moved = wait_for_decision(record["ask_id"], watch)
+        try:
+            behavior, moved = wait_for_decision(record["ask_id"], watch)
+        except AnsweredElsewhere:
+            _signal.signal(_signal.SIGTERM, _signal.SIG_IGN)
+            behavior, moved = None, watch.settle()
         if moved:
             watch.record_move(moved)
         elif behavior:
             sys.stdout.write(decision_output(behavior, payload))
+
+
+class AnsweredElsewhere(Exception):
+    pass
+
+
+def answered_elsewhere(signum, frame):
+    raise AnsweredElsewhere()
 
 
 def decision_output(behavior, payload):
