@@ -20,6 +20,7 @@ ASKING_NOTIFICATIONS = ("permission_prompt", "elicitation_dialog")
 DECISION_MAX_AGE = 600.0
 ANSWERS = ("allow", "deny", "always")
 POLL = 0.2
+WATCH_EVERY = 5  # polls
 
 
 class _ScanContext:
@@ -262,6 +263,61 @@ def merge(event, payload, prev, now):
     }
 
 
+def write_record(out, sid, record):
+    """Writes under a temporary name, then renames over the session's file; failures are ignored."""
+    folder = out.rsplit("/", 1)[0] or "/"
+    # A temporary name of this process alone: concurrent events of one session never share it.
+    tmp = env("VAXO_TMP") or "%s/.%s.%d.tmp" % (folder, sid, posix.getpid())
+    try:
+        if env("VAXO_SESSIONS"):
+            make_folder(folder)
+            posix.chmod(folder, 0o700)
+        write_file(tmp, dump(record).encode("ascii"))
+        posix.rename(tmp, out)
+    except BaseException as error:
+        try:
+            posix.unlink(tmp)
+        except OSError:
+            pass
+        if not isinstance(error, OSError):
+            raise
+
+
+def report():
+    event = env("VAXO_EVENT")
+    try:
+        raw = sys.stdin.buffer.read()
+        payload = parse(raw) if raw.strip() else {}
+    except (OSError, ValueError):
+        payload = {}
+    if not isinstance(payload, dict):
+        payload = {}
+    sid = session_id(payload)
+    sessions = env("VAXO_SESSIONS")
+    out = env("VAXO_OUT") or (sessions + "/" + sid + ".json" if sessions else "")
+    if changes_nothing(event, payload):
+        return
+    record = merge(event, payload, load_object(out) if out else {}, time.time())
+    if record is None:
+        try:
+            posix.unlink(out)
+        except OSError:
+            pass
+        return
+    waiting = None
+    if event == "PermissionRequest" and record["ask_id"]:
+        waiting = dict(globals())
+        exec(WAITING, waiting)
+        waiting["prepare"]()  # before the question shows: the answer may come at once
+    if out:
+        write_record(out, sid, record)
+    if waiting:
+        waiting["answer"](payload, record, out)
+
+
+# The wait for the island's answer, compiled only when a permission request waits: Claude Code runs
+# the reporter in line on every tool call, and Python compiles all of a script's text at each start.
+WAITING = r'''
 def plain_id(ask_id):
     # The island names decision files after a sanitised id; an id that sanitising would change is
     # never answered, and must never lead the reporter to read or delete a file elsewhere.
@@ -311,11 +367,16 @@ def wait_for_decision(ask_id, watch):
         return None, None
     path = folder + "/" + ask_id + ".json"
     deadline = time.time() + budget()
+    polls = 0
     while time.time() < deadline:
-        behavior = read_decision(path, ask_id)
+        # A missing file costs less to see without an exception.
+        behavior = read_decision(path, ask_id) if posix.access(path, posix.F_OK) else None
         if behavior is not None:
             return behavior or None, None
-        moved = watch.moved_on()
+        # The terminal's answer ends the hook at once (SIGTERM); this look, once a second, is for
+        # whatever else moves the turn on.
+        polls += 1
+        moved = watch.moved_on() if polls % WATCH_EVERY == 0 else None
         if moved:
             return None, moved
         time.sleep(POLL)
@@ -437,67 +498,11 @@ def refusal(line):
     return False
 
 
-def write_record(out, sid, record):
-    """Writes under a temporary name, then renames over the session's file; failures are ignored."""
-    folder = out.rsplit("/", 1)[0] or "/"
-    # A temporary name of this process alone: concurrent events of one session never share it.
-    tmp = env("VAXO_TMP") or "%s/.%s.%d.tmp" % (folder, sid, posix.getpid())
-    try:
-        if env("VAXO_SESSIONS"):
-            make_folder(folder)
-            posix.chmod(folder, 0o700)
-        write_file(tmp, dump(record).encode("ascii"))
-        posix.rename(tmp, out)
-    except BaseException as error:
-        try:
-            posix.unlink(tmp)
-        except OSError:
-            pass
-        if not isinstance(error, OSError):
-            raise
-
-
-def report():
-    event = env("VAXO_EVENT")
-    try:
-        raw = sys.stdin.buffer.read()
-        payload = parse(raw) if raw.strip() else {}
-    except (OSError, ValueError):
-        payload = {}
-    if not isinstance(payload, dict):
-        payload = {}
-    sid = session_id(payload)
-    sessions = env("VAXO_SESSIONS")
-    out = env("VAXO_OUT") or (sessions + "/" + sid + ".json" if sessions else "")
-    if changes_nothing(event, payload):
-        return
-    record = merge(event, payload, load_object(out) if out else {}, time.time())
-    if record is None:
-        try:
-            posix.unlink(out)
-        except OSError:
-            pass
-        return
-    asks = event == "PermissionRequest" and record["ask_id"]
-    if asks:
-        # Claude Code ends the hook (SIGTERM, then SIGKILL a second or so later) when the question
-        # is answered in its terminal: what happened is then settled from what it left behind.
-        # Ready before the question shows, as the answer may come at once.
-        import _signal
-        _signal.signal(_signal.SIGTERM, answered_elsewhere)
-    if out:
-        write_record(out, sid, record)
-    if asks:
-        watch = TurnWatch(payload, record, out)
-        try:
-            behavior, moved = wait_for_decision(record["ask_id"], watch)
-        except AnsweredElsewhere:
-            _signal.signal(_signal.SIGTERM, _signal.SIG_IGN)
-            behavior, moved = None, watch.settle()
-        if moved:
-            watch.record_move(moved)
-        elif behavior:
-            sys.stdout.write(decision_output(behavior, payload))
+def prepare():
+    # Claude Code ends the hook (SIGTERM, then SIGKILL a second or so later) when the question is
+    # answered in its terminal: what happened is then settled from what it left behind.
+    import _signal
+    _signal.signal(_signal.SIGTERM, answered_elsewhere)
 
 
 class AnsweredElsewhere(Exception):
@@ -508,6 +513,21 @@ def answered_elsewhere(signum, frame):
     raise AnsweredElsewhere()
 
 
+def answer(payload, record, out):
+    """Waits for the island's answer and prints it, or records how the turn went on without it."""
+    watch = TurnWatch(payload, record, out)
+    try:
+        behavior, moved = wait_for_decision(record["ask_id"], watch)
+    except AnsweredElsewhere:
+        import _signal
+        _signal.signal(_signal.SIGTERM, _signal.SIG_IGN)
+        behavior, moved = None, watch.settle()
+    if moved:
+        watch.record_move(moved)
+    elif behavior:
+        sys.stdout.write(decision_output(behavior, payload))
+
+
 def decision_output(behavior, payload):
     decision = {"behavior": "deny" if behavior == "deny" else "allow"}
     if behavior == "always":
@@ -516,6 +536,7 @@ def decision_output(behavior, payload):
             return ""  # nothing to remember: an "always" the terminal never offered is refused
         decision["updatedPermissions"] = offer
     return dump({"hookSpecificOutput": {"hookEventName": "PermissionRequest", "decision": decision}}) + "\n"
+'''
 
 
 def main():
