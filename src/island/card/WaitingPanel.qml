@@ -81,32 +81,31 @@ Column {
         topPadding: 2
 
         AnswerButton {
-            id: deny
             objectName: "denyButton"
             label: panel.root.labels.deny
             allow: false
             green: panel.root.look.done
             onClicked: panel.section.answer(panel.section.askId, false)
         }
-        // Allow, and let the agent remember what it offered, worded as its terminal words it.
         AnswerButton {
-            objectName: "alwaysButton"
-            visible: panel.section.alwaysLabel.length > 0
-            width: Math.min(implicitWidth, panel.width - deny.width - allow.width - 16)
-            label: panel.section.alwaysLabel
-            allow: true
-            soft: true
-            green: panel.root.look.done
-            onClicked: panel.section.answerAlways(panel.section.askId)
-        }
-        AnswerButton {
-            id: allow
             objectName: "allowButton"
             label: panel.root.labels.allow
             allow: true
             green: panel.root.look.done
             onClicked: panel.section.answer(panel.section.askId, true)
         }
+    }
+
+    // Allow, and let the agent remember what it offered, worded as its terminal words it.
+    AnswerButton {
+        objectName: "alwaysButton"
+        visible: panel.section.answerable && panel.section.alwaysLabel.length > 0
+        width: Math.min(implicitWidth, panel.width)
+        label: panel.section.alwaysLabel
+        allow: true
+        soft: true
+        green: panel.root.look.done
+        onClicked: panel.section.answerAlways(panel.section.askId)
     }
 
     Text {
