@@ -87,7 +87,9 @@ void printReporterWaitCost(const QByteArray &root, const QByteArray &reporter)
                             "deadline = time.time() + @SECONDS@\n"
                             "while time.time() < deadline:\n"
                             "    try:\n"
-                            "        posix.close(posix.open('" + root + "/wait-decisions/x.json', posix.O_RDONLY))\n"
+                            "        posix.close(posix.open('" +
+                            root +
+                            "/wait-decisions/x.json', posix.O_RDONLY))\n"
                             "    except FileNotFoundError:\n"
                             "        time.sleep(0.2)\n";
     const double polling = perMinute({"/usr/bin/python3", "-I", "-S", "-c"}, bare);

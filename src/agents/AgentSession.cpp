@@ -165,9 +165,11 @@ QByteArray AgentSession::encode() const
                   {"tasks", encodeTasks(tasks)}};
     for (const TextKey &k : kOptionalText)
         o.insert(QLatin1String(k.key), orNull(this->*k.field));
-    o.insert(QLatin1String("process"), process ? QJsonValue(QJsonObject{{"pid", process->pid}, {"start", process->start}})
-                                               : QJsonValue(QJsonValue::Null));
-    o.insert(QLatin1String("ask_suggestions"), askSuggestions ? QJsonValue(*askSuggestions) : QJsonValue(QJsonValue::Null));
+    o.insert(QLatin1String("process"), process
+                                           ? QJsonValue(QJsonObject{{"pid", process->pid}, {"start", process->start}})
+                                           : QJsonValue(QJsonValue::Null));
+    o.insert(QLatin1String("ask_suggestions"),
+             askSuggestions ? QJsonValue(*askSuggestions) : QJsonValue(QJsonValue::Null));
     return QJsonDocument(o).toJson(QJsonDocument::Compact);
 }
 

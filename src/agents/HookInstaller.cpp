@@ -116,8 +116,9 @@ bool HookInstaller::mergeSettings() const
 {
     // A settings file that is a link stays one: the merged text goes to the file it points to.
     const QFileInfo info(settingsFile());
-    const QString path =
-        !info.isSymLink() ? info.filePath() : info.exists() ? info.canonicalFilePath() : info.symLinkTarget();
+    const QString path = !info.isSymLink() ? info.filePath()
+                         : info.exists()   ? info.canonicalFilePath()
+                                           : info.symLinkTarget();
     QFile file(path);
     const bool exists = file.exists();
     QByteArray original;

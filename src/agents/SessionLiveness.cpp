@@ -11,8 +11,8 @@ namespace vaxo {
 
 SessionLiveness::SessionLiveness(QString sessions, ProcessWatcher *processes, QString claudeStatus,
                                  FolderWatcher *statusWatcher, QObject *parent)
-    : QObject(parent), m_sessions(std::move(sessions)), m_processes(processes),
-      m_claudeStatus(std::move(claudeStatus)), m_statusWatcher(statusWatcher)
+    : QObject(parent), m_sessions(std::move(sessions)), m_processes(processes), m_claudeStatus(std::move(claudeStatus)),
+      m_statusWatcher(statusWatcher)
 {
     m_processes->setParent(this);
     m_statusWatcher->setParent(this);
@@ -30,8 +30,8 @@ void SessionLiveness::apply(QList<AgentSession> &sessions)
             continue;
         }
         const Process process{s.process->pid, s.process->start};
-        if (m_watched.contains(process) || m_processes->watch(process.first, process.second) !=
-                                                ProcessWatcher::Watch::Ended) {
+        if (m_watched.contains(process) ||
+            m_processes->watch(process.first, process.second) != ProcessWatcher::Watch::Ended) {
             watched[process] << s.id;
             if (s.isWorking() && turnEnded(s))
                 sessions[i].status = QStringLiteral("done");

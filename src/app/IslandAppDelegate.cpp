@@ -41,9 +41,9 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_scheduler = std::make_unique<IslandScheduler>(clock, *m_activity, activity.createIdleTimeSource(nullptr));
     m_decisions = std::make_unique<AskDecision>(m_paths.decisions(), clock);
 
-    auto *liveness =
-        new SessionLiveness(m_paths.sessions(), PlatformServices::newProcessWatcher(),
-                            QDir::homePath() + QStringLiteral("/.claude/sessions"), PlatformServices::newFolderWatcher());
+    auto *liveness = new SessionLiveness(m_paths.sessions(), PlatformServices::newProcessWatcher(),
+                                         QDir::homePath() + QStringLiteral("/.claude/sessions"),
+                                         PlatformServices::newFolderWatcher());
     auto source =
         std::make_unique<LocalHookSource>(m_paths.sessions(), clock, PlatformServices::newFolderWatcher(), liveness);
     m_state = std::make_unique<IslandState>(std::move(source), clock, *m_settings, *m_platform.sounds);

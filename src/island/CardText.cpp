@@ -39,7 +39,6 @@ QString joined(const QStringList &words)
 
 } // namespace
 
-
 QString durationText(double since, double now)
 {
     const double minutes = std::floor((now - since) / 60.0);

@@ -75,7 +75,8 @@ waiting with id       |  1 | {@,"status":"waiting","ask_id":"t"}
 waiting, empty id     |  0 | {@,"status":"waiting","ask_id":""}
 waiting, no id        |  0 | {@,"status":"waiting"}
 capital W             |  0 | {@,"status":"Waiting","ask_id":"t"}
-working with id       |  0 | {@,"status":"working","ask_id":"t"})");
+working with id       |  0 | {@,"status":"working","ask_id":"t"}
+odd process, offer    |  1 | {@,"status":"waiting","ask_id":"t","process":{"pid":"7","start":1},"ask_suggestions":{}})");
 }
 
 void AgentSessionTest::decoding()
@@ -86,6 +87,8 @@ void AgentSessionTest::decoding()
     QCOMPARE(s.has_value(), expected.toInt() >= 0);
     if (s)
         QCOMPARE(s->isAnswerable(), expected.toInt() == 1);
+    if (s && bytes.contains("process")) // keys added later: a malformed value counts as none
+        QVERIFY(!s->process && !s->askSuggestions && !s->offersAlways());
 }
 
 void AgentSessionTest::fullRecordRoundTrips()
@@ -93,8 +96,11 @@ void AgentSessionTest::fullRecordRoundTrips()
     const auto s = AgentSession::decode(R"({"id":"s1","agent":"codex","label":"p","status":"odd","started":1.5,
         "updated":2.25,"last_prompt":"fix it","last_action":"Bash ls","waiting_for":"w","cwd":"/p","host_bundle":"h",
         "term_app":"kitty","term_session":"ts","tty":"/dev/pts/3","ask_tool":"Bash","ask_target":"rm x","ask_id":"t1",
-        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]}})");
+        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]},
+        "process":{"pid":4242,"start":"385863"},"ask_suggestions":[{"type":"setMode","mode":"acceptEdits"}]})");
     QVERIFY(s);
+    QCOMPARE(s->process, (vaxo::AgentProcess{4242, "385863"}));
+    QCOMPARE(s->askSuggestions->size(), 1);
     QCOMPARE(s->status, "odd");
     QCOMPARE(s->updated, 2.25);
     QCOMPARE(*s->askTarget, "rm x");
@@ -254,13 +260,21 @@ void AgentSessionTest::livenessOfSessions()
     const qint64 pid = agent.processId(), self = QCoreApplication::applicationPid();
     const auto session = [&](const char *id, qint64 process, const QString &start) {
         const QString key = process ? QString(R"(,"process":{"pid":%1,"start":"%2"})").arg(process).arg(start) : "";
-        TempHome::write(dir + "/" + id + ".json", QString(R"({"id":"%1","agent":"claude","label":"l","status":"working",)"
-                                                          R"("updated":%2%3})").arg(id).arg(now - 10, 0, 'f', 3).arg(key).toUtf8());
+        TempHome::write(dir + "/" + id + ".json",
+                        QString(R"({"id":"%1","agent":"claude","label":"l","status":"working",)"
+                                R"("updated":%2%3})")
+                            .arg(id)
+                            .arg(now - 10, 0, 'f', 3)
+                            .arg(key)
+                            .toUtf8());
     };
     const auto claudeSays = [&](const char *status, double at) {
         TempHome::replace(claude + QString("/%1.json").arg(self),
                           QString(R"({"pid":%1,"sessionId":"esc","procStart":"%2","status":"%3","statusUpdatedAt":%4})")
-                              .arg(self).arg(PidfdProcessWatcher::startOf(self), status).arg(qint64(at * 1000)).toUtf8());
+                              .arg(self)
+                              .arg(PidfdProcessWatcher::startOf(self), status)
+                              .arg(qint64(at * 1000))
+                              .toUtf8());
     };
     session("open", pid, PidfdProcessWatcher::startOf(pid));
     session("reused", pid, "1"); // the id now names another process: the session's is gone

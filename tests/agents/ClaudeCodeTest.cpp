@@ -64,8 +64,8 @@ void ClaudeCodeTest::oneSession()
         ::close(::open(terminalName.constData(), O_RDWR));
     });
     // Stream-json mode asks for permissions (plain -p refuses tools); standard input stays open.
-    agent.start(harness.claude(), {"-p", "--input-format", "stream-json", "--output-format", "stream-json",
-                                   "--verbose", "--permission-prompt-tool", "stdio"});
+    agent.start(harness.claude(), {"-p", "--input-format", "stream-json", "--output-format", "stream-json", "--verbose",
+                                   "--permission-prompt-tool", "stdio"});
     QVERIFY(agent.waitForStarted(30'000));
 
     const auto say = [&](const QString &text) {

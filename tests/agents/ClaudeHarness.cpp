@@ -29,7 +29,8 @@ ClaudeHarness::ClaudeHarness()
 
     m_api.setChildProcessModifier([] { ::setpgid(0, 0); });
     m_api.setStandardErrorFile(m_temp.root() + "/api.err");
-    m_api.start("/usr/bin/python3", {qEnvironmentVariable("VAXO_SOURCE_DIR") + "/tests/agents/messages_api_standin.py"});
+    m_api.start("/usr/bin/python3",
+                {qEnvironmentVariable("VAXO_SOURCE_DIR") + "/tests/agents/messages_api_standin.py"});
     if (m_api.waitForReadyRead(30'000) && QFileInfo(claude()).isExecutable())
         m_port = m_api.readLine().trimmed().toInt();
 }

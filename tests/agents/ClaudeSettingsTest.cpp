@@ -83,10 +83,23 @@ bool isWithin(const QList<QByteArray> &part, const QList<QByteArray> &whole)
 // with escapes and every script, numbers in every form JSON allows.
 QByteArray value(QRandomGenerator &random, int depth)
 {
-    static const QList<QByteArray> scalars{
-        "0", "-0", "1.0", "-1.5e+300", "1E2", "2e-7", "0.1", "12345678901234567890", "-123456789012345678901234567890",
-        "9007199254740993", "true", "false", "null", R"("plain")", R"("caf\u00e9 \ud83d\ude00 \/ \" \\ \n")",
-        "\"\xe6\x97\xa5\xe6\x9c\xac \xd8\xb9\xd8\xb1\xd8\xa8\xd9\x8a\"", R"("")"};
+    static const QList<QByteArray> scalars{"0",
+                                           "-0",
+                                           "1.0",
+                                           "-1.5e+300",
+                                           "1E2",
+                                           "2e-7",
+                                           "0.1",
+                                           "12345678901234567890",
+                                           "-123456789012345678901234567890",
+                                           "9007199254740993",
+                                           "true",
+                                           "false",
+                                           "null",
+                                           R"("plain")",
+                                           R"("caf\u00e9 \ud83d\ude00 \/ \" \\ \n")",
+                                           "\"\xe6\x97\xa5\xe6\x9c\xac \xd8\xb9\xd8\xb1\xd8\xa8\xd9\x8a\"",
+                                           R"("")"};
     const int kind = depth > 2 ? 0 : int(random.bounded(4));
     if (kind == 0 || kind == 1)
         return scalars.at(random.bounded(int(scalars.size())));
@@ -161,8 +174,8 @@ void ClaudeSettingsTest::newFileHoldsOnlyOurHooks()
     const QJsonObject hooks = root.value("hooks").toObject();
     QCOMPARE(hooks.keys().size(), HookInstaller::events().size());
     for (const QString &event : HookInstaller::events()) {
-        const QJsonObject ours{{"hooks", QJsonArray{QJsonObject{{"type", "command"},
-                                                                {"command", m_installer->hookCommand(event)}}}}};
+        const QJsonObject ours{
+            {"hooks", QJsonArray{QJsonObject{{"type", "command"}, {"command", m_installer->hookCommand(event)}}}}};
         QCOMPARE(hooks.value(event).toArray(), QJsonArray{ours});
     }
     QVERIFY(QDir(m_installer->claudeFolder()).entryList({"*.bak-*"}).isEmpty()); // nothing to back up
@@ -201,7 +214,8 @@ void ClaudeSettingsTest::everyValueSurvivesInstallAndUninstall()
         QVERIFY2(isWithin(tokens(before), tokens(installed)), installed.constData());
         const QJsonObject hooks = QJsonDocument::fromJson(installed).object().value("hooks").toObject();
         for (const QString &event : HookInstaller::events())
-            QVERIFY2(QJsonDocument(hooks.value(event).toArray()).toJson().contains("island-hook.sh"), qPrintable(event));
+            QVERIFY2(QJsonDocument(hooks.value(event).toArray()).toJson().contains("island-hook.sh"),
+                     qPrintable(event));
         QCOMPARE(tokens(uninstall()), tokens(before));
         QFile::remove(m_installer->claudeFolder() + "/settings.json.bak-vaxo-island-2025-06-15");
     }

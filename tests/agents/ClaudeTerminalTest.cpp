@@ -65,9 +65,9 @@ void ClaudeTerminalTest::initTestCase()
     QVERIFY2(m_harness->ready(), "Claude Code or its stand-in is missing: run scripts/setup.sh");
     m_socket = m_harness->temp().root() + "/tmux.sock";
     const QString home = m_harness->home();
-    auto *liveness = new vaxo::SessionLiveness(m_harness->temp().paths().sessions(),
-                                               vaxo::PlatformServices::newProcessWatcher(), home + "/.claude/sessions",
-                                               vaxo::PlatformServices::newFolderWatcher());
+    auto *liveness =
+        new vaxo::SessionLiveness(m_harness->temp().paths().sessions(), vaxo::PlatformServices::newProcessWatcher(),
+                                  home + "/.claude/sessions", vaxo::PlatformServices::newFolderWatcher());
     m_source = std::make_unique<vaxo::LocalHookSource>(m_harness->temp().paths().sessions(), vaxo::Clock::system(),
                                                        vaxo::PlatformServices::newFolderWatcher(), liveness);
     m_source->start([this](const QList<AgentSession> &list) { m_listed = list; });
@@ -79,7 +79,8 @@ void ClaudeTerminalTest::initTestCase()
     QJsonArray notification = hooks.value("Notification").toArray();
     const QString log = m_harness->temp().root() + "/notifications.log";
     notification.append(QJsonObject{
-        {"hooks", QJsonArray{QJsonObject{{"type", "command"}, {"command", "cat >> '" + log + "'; echo >> '" + log + "'"}}}}});
+        {"hooks",
+         QJsonArray{QJsonObject{{"type", "command"}, {"command", "cat >> '" + log + "'; echo >> '" + log + "'"}}}}});
     hooks.insert("Notification", notification);
     root.insert("hooks", hooks);
     TempHome::write(settings, QJsonDocument(root).toJson());

@@ -244,10 +244,9 @@ void HookScriptsTest::events()
     if (expected.isEmpty()) // not even a temporary file
         QCOMPARE(QDir(sessions()).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList());
     else
-        QCOMPARE(record.keys(),
-                 (QStringList{"agent", "ask_id", "ask_suggestions", "ask_target", "ask_tool", "cwd", "host_bundle", "id",
-                              "label", "last_action", "last_prompt", "process", "started", "status", "tasks", "term_app",
-                              "term_session", "tty", "updated", "waiting_for"}));
+        QCOMPARE(record.keys().join(' '), "agent ask_id ask_suggestions ask_target ask_tool cwd host_bundle id label "
+                                          "last_action last_prompt process started status tasks term_app term_session "
+                                          "tty updated waiting_for");
     expectFields(record, expected);
 }
 
@@ -418,7 +417,8 @@ void HookScriptsTest::decisionFiles()
     const double now = QDateTime::currentMSecsSinceEpoch() / 1000.0;
     content.replace("%NOW-601", QByteArray::number(now - 601, 'f', 3)).replace("%NOW", QByteArray::number(now, 'f', 3));
     TempHome::write(decisions() + "/" + file, content);
-    const Run result = reporter(QByteArray(offer.isEmpty() ? kAsk : kOffer).replace("toolu_01", askId), "PermissionRequest");
+    const Run result =
+        reporter(QByteArray(offer.isEmpty() ? kAsk : kOffer).replace("toolu_01", askId), "PermissionRequest");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out + result.err, printed.isEmpty() ? QByteArray() : decisionOutput(printed));
     QCOMPARE(QFileInfo::exists(decisions() + "/" + file), !stays.isEmpty());
@@ -467,20 +467,26 @@ void HookScriptsTest::answeredInTheTerminal()
     QFETCH(QByteArray, change);
     QFETCH(QByteArray, after);
     const QString transcript = m_home->root() + "/transcript.jsonl";
-    const QString status = m_home->root() + QString("/.claude/sessions/%1.json").arg(QCoreApplication::applicationPid());
-    const QByteArray refusal = R"({"type":"user","message":{"content":[{"type":"tool_result","content":"The user doesn't want to proceed"}]}})";
+    const QString status =
+        m_home->root() + QString("/.claude/sessions/%1.json").arg(QCoreApplication::applicationPid());
+    const QByteArray refusal =
+        R"({"type":"user","message":{"content":[{"type":"tool_result","content":"The user doesn't want to proceed"}]}})";
     TempHome::write(transcript, refusal + "\n" + QByteArray(100'000, ' ') + "\n");
     const auto fill = [&](QByteArray text) {
         const QByteArray now = QByteArray::number(QDateTime::currentMSecsSinceEpoch());
-        return text.replace("%SID", kSid.toUtf8()).replace("%START", startOf(QCoreApplication::applicationPid())).replace("%NOW", now);
+        return text.replace("%SID", kSid.toUtf8())
+            .replace("%START", startOf(QCoreApplication::applicationPid()))
+            .replace("%NOW", now);
     };
-    TempHome::write(status, fill(R"({"sessionId":"%SID","procStart":"%START","status":"waiting","statusUpdatedAt":1})"));
+    TempHome::write(status,
+                    fill(R"({"sessionId":"%SID","procStart":"%START","status":"waiting","statusUpdatedAt":1})"));
 
     QProcess hook;
     hook.setProcessEnvironment(environment("60"));
     hook.setChildProcessModifier([] { ::setpgid(0, 0); });
     hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
-    hook.write(kAsk.chopped(1) + R"(,"session_id":")" + kSid.toUtf8() + R"(","transcript_path":")" + transcript.toUtf8() + "\"}");
+    hook.write(kAsk.chopped(1) + R"(,"session_id":")" + kSid.toUtf8() + R"(","transcript_path":")" +
+               transcript.toUtf8() + "\"}");
     hook.closeWriteChannel();
     const QString file = sessions() + "/" + kSid + ".json";
     QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
