@@ -179,7 +179,7 @@ void HookScriptsTest::installOverTime()
     QVERIFY(m_installer->mergeSettings());
     QCOMPARE(TempHome::read(backup("2025-06-16")), R"({"third": true})");
 
-    // All six registered by hand in a layout of our own, our command inside a longer one: left alone.
+    // All seven registered by hand in a layout of our own, our command inside a longer one: left alone.
     QJsonObject hooks;
     for (const QString &event : HookInstaller::events()) {
         const QString command = "nice " + m_installer->hookCommand(event);
