@@ -1,6 +1,7 @@
 // Claude Code runs the hook in line, on every tool call: this prints what one invocation costs
 // (bash plus the reporter), per event, as the median of 50 runs, beside a bare start of the
 // interpreter measured in the same rounds.
+#include "ReporterWaitCost.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
 #include "app/AppPaths.h"
@@ -79,6 +80,7 @@ int main()
         hookCase("PostToolUse", toolInput + R"(,"tool_response":{"stdout":")" + QByteArray(4000, 'x') + R"("})"),
         hookCase("Notification", R"("message":"Claude needs your permission","notification_type":"permission_prompt")"),
         hookCase("Stop", R"("stop_hook_active":false)"),
+        hookCase("StopFailure", R"("error":"rate_limit","last_assistant_message":"API Error")"),
         hookCase("PermissionRequest", toolInput + R"(,"tool_use_id":"toolu_bench")", "toolu_bench"),
     };
 
@@ -95,7 +97,7 @@ int main()
     for (int run = 0; run < kRuns + 1; ++run) {
         for (std::size_t i = 0; i < cases.size(); ++i) {
             if (!cases[i].answerId.isEmpty())
-                decisions.answer(cases[i].answerId, true);
+                decisions.answer(cases[i].answerId, vaxo::AskDecision::Answer::Allow);
             const double ms = timeRun(cases[i].argv, inputs[i], env);
             if (run > 0) // the first round warms the page cache
                 cases[i].millis.push_back(ms);
@@ -109,5 +111,6 @@ int main()
         const QByteArray label = c.answerId.isEmpty() ? c.label : c.label + " (answered at once)";
         std::printf("  %-40s %7.2f ms   %.2fx the bare interpreter\n", label.constData(), m, m / bare);
     }
+    printReporterWaitCost(root.path().toUtf8(), paths.reporterScript().toUtf8());
     return 0;
 }

@@ -103,6 +103,17 @@ QJsonValue encodeTasks(const std::optional<AgentTasks> &tasks)
         {"done", tasks->done}, {"in_progress", tasks->inProgress}, {"open", tasks->open}, {"items", items}};
 }
 
+std::optional<AgentProcess> decodeProcess(const QJsonValue &value)
+{
+    const QJsonObject o = value.toObject();
+    AgentProcess process;
+    if (!wholeNumber(o.value(QLatin1String("pid")), process.pid) || process.pid <= 0 ||
+        !o.value(QLatin1String("start")).isString())
+        return std::nullopt;
+    process.start = o.value(QLatin1String("start")).toString();
+    return process;
+}
+
 } // namespace
 
 std::optional<AgentSession> AgentSession::decode(const QByteArray &bytes)
@@ -136,6 +147,10 @@ std::optional<AgentSession> AgentSession::decode(const QByteArray &bytes)
         if (!s.tasks)
             return std::nullopt;
     }
+    s.process = decodeProcess(o.value(QLatin1String("process")));
+    const QJsonValue suggestions = o.value(QLatin1String("ask_suggestions"));
+    if (suggestions.isArray())
+        s.askSuggestions = suggestions.toArray();
     return s;
 }
 
@@ -150,6 +165,11 @@ QByteArray AgentSession::encode() const
                   {"tasks", encodeTasks(tasks)}};
     for (const TextKey &k : kOptionalText)
         o.insert(QLatin1String(k.key), orNull(this->*k.field));
+    o.insert(QLatin1String("process"), process
+                                           ? QJsonValue(QJsonObject{{"pid", process->pid}, {"start", process->start}})
+                                           : QJsonValue(QJsonValue::Null));
+    o.insert(QLatin1String("ask_suggestions"),
+             askSuggestions ? QJsonValue(*askSuggestions) : QJsonValue(QJsonValue::Null));
     return QJsonDocument(o).toJson(QJsonDocument::Compact);
 }
 

@@ -37,6 +37,19 @@ bool isKept(char32_t c)
     }
 }
 
+QString behavior(AskDecision::Answer answer)
+{
+    switch (answer) {
+    case AskDecision::Answer::Allow:
+        return QStringLiteral("allow");
+    case AskDecision::Answer::Deny:
+        return QStringLiteral("deny");
+    case AskDecision::Answer::Always:
+        return QStringLiteral("always");
+    }
+    return QStringLiteral("deny");
+}
+
 } // namespace
 
 AskDecision::AskDecision(const QString &decisions, const Clock &clock) : m_folder(decisions), m_clock(clock) {}
@@ -53,7 +66,7 @@ QString AskDecision::sanitised(const QString &id)
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(scalars.constData()), scalars.size());
 }
 
-void AskDecision::answer(const QString &id, bool allow) const
+void AskDecision::answer(const QString &id, Answer answer) const
 {
     if (id.isEmpty())
         return;
@@ -61,7 +74,7 @@ void AskDecision::answer(const QString &id, bool allow) const
     QFile::setPermissions(m_folder, kPrivateFolder);
 
     const QJsonObject decision{{QStringLiteral("id"), id},
-                               {QStringLiteral("behavior"), allow ? QStringLiteral("allow") : QStringLiteral("deny")},
+                               {QStringLiteral("behavior"), behavior(answer)},
                                {QStringLiteral("at"), m_clock.now()}};
     const QByteArray bytes = QJsonDocument(decision).toJson(QJsonDocument::Compact);
 

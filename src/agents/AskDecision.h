@@ -13,9 +13,14 @@ public:
     // decisions: the folder the reporter polls (AppPaths::decisions()).
     AskDecision(const QString &decisions, const Clock &clock);
 
+    // Always: allow, and let the agent remember what it offered with the request, so that it stops
+    // asking for that kind of call. The reporter takes the offer from the request itself.
+    enum class Answer { Allow, Deny, Always };
+
     // Writes {"id", "behavior", "at"} as sanitised(id) + ".json" (0600, folder 0700), replacing an
-    // earlier answer to the same id. Does nothing for an empty id; failures are ignored.
-    void answer(const QString &id, bool allow) const;
+    // earlier answer to the same id; "behavior" is "allow", "deny" or "always". Does nothing for an
+    // empty id; failures are ignored.
+    void answer(const QString &id, Answer answer) const;
     // Removes entries older than ten minutes: answers no reporter waited for. Errors are ignored.
     void sweep() const;
 

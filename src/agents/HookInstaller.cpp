@@ -1,5 +1,6 @@
 #include "agents/HookInstaller.h"
 
+#include "agents/SettingsText.h"
 #include "app/Clock.h"
 
 #include <QDateTime>
@@ -67,7 +68,8 @@ const QStringList &HookInstaller::events()
 {
     static const QStringList names{QStringLiteral("UserPromptSubmit"), QStringLiteral("Stop"),
                                    QStringLiteral("Notification"),     QStringLiteral("PermissionRequest"),
-                                   QStringLiteral("SessionEnd"),       QStringLiteral("PostToolUse")};
+                                   QStringLiteral("SessionEnd"),       QStringLiteral("PostToolUse"),
+                                   QStringLiteral("StopFailure")};
     return names;
 }
 
@@ -112,28 +114,28 @@ QString HookInstaller::hookCommand(const QString &event) const
 
 bool HookInstaller::mergeSettings() const
 {
-    const QString path = settingsFile();
+    // A settings file that is a link stays one: the merged text goes to the file it points to.
+    const QFileInfo info(settingsFile());
+    const QString path = !info.isSymLink() ? info.filePath()
+                         : info.exists()   ? info.canonicalFilePath()
+                                           : info.symLinkTarget();
     QFile file(path);
     const bool exists = file.exists();
-    QJsonObject root;
-    if (file.open(QIODevice::ReadOnly))
-        root = QJsonDocument::fromJson(file.readAll()).object();
-    file.close();
-
-    QJsonObject hooks = root.value(QStringLiteral("hooks")).toObject();
-    bool changed = false;
-    for (const QString &event : events()) {
-        const QJsonValue current = hooks.value(event);
-        QJsonArray entries = isArrayOfObjects(current) ? current.toArray() : QJsonArray();
-        if (hasCommandContaining(entries, m_paths.hookScript()))
-            continue;
-        const QJsonObject hook{{QStringLiteral("type"), QStringLiteral("command")},
-                               {QStringLiteral("command"), hookCommand(event)}};
-        entries.append(QJsonObject{{QStringLiteral("hooks"), QJsonArray{hook}}});
-        hooks.insert(event, entries);
-        changed = true;
+    QByteArray original;
+    QJsonParseError error{};
+    if (exists) {
+        if (file.open(QIODevice::ReadOnly))
+            original = file.readAll();
+        const QJsonDocument document = QJsonDocument::fromJson(original, &error);
+        if (error.error != QJsonParseError::NoError || !document.isObject()) {
+            // Perhaps half-way through an edit: theirs to finish; the next start tries again.
+            qInfo().noquote() << QStringLiteral(
+                "[island] ~/.claude/settings.json is not a JSON object \u2014 hooks not installed");
+            return false;
+        }
     }
-    if (!changed)
+    const QByteArray merged = withHooks(exists ? original : QByteArrayLiteral("{}"));
+    if (merged.isEmpty())
         return false;
 
     if (exists) {
@@ -143,12 +145,43 @@ bool HookInstaller::mergeSettings() const
         if (!QFileInfo::exists(backup))
             QFile::copy(path, backup);
     }
-    root.insert(QStringLiteral("hooks"), hooks);
-    // QJsonObject keeps its keys sorted, so the document comes out with sorted keys.
-    if (!writeAtomically(path, QJsonDocument(root).toJson(QJsonDocument::Indented)))
+    // A new file is all ours: written pretty-printed, with sorted keys.
+    const QByteArray text = exists ? merged : QJsonDocument::fromJson(merged).toJson(QJsonDocument::Indented);
+    if (!writeAtomically(path, text))
         return false;
     qInfo().noquote() << QStringLiteral("[island] Claude Code hooks installed");
     return true;
+}
+
+QByteArray HookInstaller::withHooks(const QByteArray &settings) const
+{
+    SettingsText text(settings);
+    const QJsonObject hooks = QJsonDocument::fromJson(settings).object().value(QStringLiteral("hooks")).toObject();
+    if (text.member(text.root(), QStringLiteral("hooks")).opener(text.text()) != '{') {
+        const SettingsText::Span old = text.member(text.root(), QStringLiteral("hooks"));
+        old.found() ? text.replace(old, "{}") : text.appendMember(text.root(), QStringLiteral("hooks"), "{}");
+    }
+    bool changed = false;
+    for (const QString &event : events()) {
+        const QJsonValue current = hooks.value(event);
+        if (isArrayOfObjects(current) && hasCommandContaining(current.toArray(), m_paths.hookScript()))
+            continue;
+        const QJsonObject hook{{QStringLiteral("type"), QStringLiteral("command")},
+                               {QStringLiteral("command"), hookCommand(event)}};
+        const QByteArray entry =
+            QJsonDocument(QJsonObject{{QStringLiteral("hooks"), QJsonArray{hook}}}).toJson(QJsonDocument::Compact);
+        const SettingsText::Span object = text.member(text.root(), QStringLiteral("hooks"));
+        const SettingsText::Span array = text.member(object, event);
+        if (!array.found())
+            text.appendMember(object, event, '[' + entry + ']');
+        else if (isArrayOfObjects(current))
+            text.appendElement(array, entry);
+        else
+            text.replace(array, '[' + entry + ']');
+        changed = true;
+    }
+    // Whatever happened above, what is written must read back as settings with the hooks in.
+    return changed && QJsonDocument::fromJson(text.text()).isObject() ? text.text() : QByteArray();
 }
 
 } // namespace vaxo

@@ -10,7 +10,7 @@ namespace vaxo {
 class Clock;
 
 // Puts the island's hook in place for Claude Code: writes the hook script and the reporter into the
-// support folder and registers the hook for six events in ~/.claude/settings.json. Every failure is
+// support folder and registers the hook for seven events in ~/.claude/settings.json. Every failure is
 // skipped silently (a failure to report must never disturb Claude Code), logged at most.
 class HookInstaller {
 public:
@@ -25,9 +25,12 @@ public:
     // Writes the hook script (0755) with this installation's folders filled in, then the reporter.
     void writeScript() const;
     void writeReporter() const;
-    // Adds the missing hook entries to the settings, keeping every other key and tool's hook.
-    // Leaves the file untouched when all six are there. Returns whether it wrote the file.
+    // Adds the missing hook entries to the settings, keeping every other byte of the file. Leaves
+    // the file untouched when all seven are there, and when it is not a JSON object (logged).
+    // A link to the settings stays a link. Returns whether it wrote the file.
     bool mergeSettings() const;
+    // The settings text with the missing entries added, or empty when none is missing.
+    QByteArray withHooks(const QByteArray &settings) const;
 
     QString claudeFolder() const { return m_home + QStringLiteral("/.claude"); }
     QString settingsFile() const { return claudeFolder() + QStringLiteral("/settings.json"); }

@@ -1,5 +1,6 @@
 #include "agents/LocalHookSource.h"
 
+#include "agents/SessionLiveness.h"
 #include "app/Clock.h"
 #include "app/Timer.h"
 #include "platform/FolderWatcher.h"
@@ -10,12 +11,17 @@
 
 namespace vaxo {
 
-LocalHookSource::LocalHookSource(QString directory, Clock &clock, FolderWatcher *watcher, QObject *parent)
-    : QObject(parent), m_directory(std::move(directory)), m_clock(clock), m_watcher(watcher),
+LocalHookSource::LocalHookSource(QString directory, Clock &clock, FolderWatcher *watcher, SessionLiveness *liveness,
+                                 QObject *parent)
+    : QObject(parent), m_directory(std::move(directory)), m_clock(clock), m_watcher(watcher), m_liveness(liveness),
       m_coalesce(clock.createTimer(this))
 {
     m_watcher->setParent(this);
     connect(m_watcher, &FolderWatcher::changed, this, &LocalHookSource::scheduleReload);
+    if (m_liveness) {
+        m_liveness->setParent(this);
+        connect(m_liveness, &SessionLiveness::statusChanged, this, &LocalHookSource::scheduleReload);
+    }
     connect(m_coalesce, &Timer::timeout, this, &LocalHookSource::reload);
 }
 
@@ -34,6 +40,8 @@ void LocalHookSource::stop()
     m_stopped = true;
     m_coalesce->stop();
     m_watcher->cancel();
+    if (m_liveness)
+        m_liveness->stop();
 }
 
 void LocalHookSource::scheduleReload()
@@ -47,6 +55,8 @@ void LocalHookSource::reload()
     if (m_stopped)
         return;
     std::optional<QList<AgentSession>> loaded = m_directory.load(m_clock.now(), maxAge);
+    if (loaded && m_liveness)
+        m_liveness->apply(*loaded);
     if (loaded && *loaded != m_sessions) {
         m_sessions = std::move(*loaded);
         if (m_onChange)

@@ -10,6 +10,7 @@ namespace vaxo {
 
 class Clock;
 class FolderWatcher;
+class SessionLiveness;
 class Timer;
 
 // Watches the sessions folder that the Claude Code hook writes and delivers the session list after
@@ -20,8 +21,9 @@ public:
     // A burst of folder events causes one reload, this long after the last event.
     static constexpr double kCoalesceDelay = 0.05;
 
-    // Takes ownership of watcher.
-    LocalHookSource(QString directory, Clock &clock, FolderWatcher *watcher, QObject *parent = nullptr);
+    // Takes ownership of watcher and liveness; without liveness, the files alone tell.
+    LocalHookSource(QString directory, Clock &clock, FolderWatcher *watcher, SessionLiveness *liveness = nullptr,
+                    QObject *parent = nullptr);
 
     void start(Callback onChange) override;
     void stop() override;
@@ -43,6 +45,7 @@ private:
     SessionDirectory m_directory;
     Clock &m_clock;
     QPointer<FolderWatcher> m_watcher;
+    QPointer<SessionLiveness> m_liveness;
     Timer *m_coalesce;
     QList<AgentSession> m_sessions;
     Callback m_onChange;

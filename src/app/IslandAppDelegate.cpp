@@ -3,6 +3,7 @@
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
 #include "agents/LocalHookSource.h"
+#include "agents/SessionLiveness.h"
 #include "app/AppActivity.h"
 #include "app/Clock.h"
 #include "app/IslandScheduler.h"
@@ -53,7 +54,11 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_scheduler = std::make_unique<IslandScheduler>(clock, *m_activity, activity.createIdleTimeSource(nullptr));
     m_decisions = std::make_unique<AskDecision>(m_paths.decisions(), clock);
 
-    auto source = std::make_unique<LocalHookSource>(m_paths.sessions(), clock, PlatformServices::newFolderWatcher());
+    auto *liveness = new SessionLiveness(m_paths.sessions(), PlatformServices::newProcessWatcher(),
+                                         QDir::homePath() + QStringLiteral("/.claude/sessions"),
+                                         PlatformServices::newFolderWatcher());
+    auto source =
+        std::make_unique<LocalHookSource>(m_paths.sessions(), clock, PlatformServices::newFolderWatcher(), liveness);
     m_state = std::make_unique<IslandState>(std::move(source), clock, *m_settings, *m_platform.sounds);
     m_media = std::make_unique<IslandMedia>(*m_platform.media, *m_scheduler, *m_settings, m_paths, clock,
                                             IslandMedia::Switches::fromEnvironment());

@@ -2,6 +2,7 @@
 
 #include "agents/AgentTasks.h"
 
+#include <QJsonArray>
 #include <QString>
 
 namespace vaxo {
@@ -29,6 +30,14 @@ struct ActionLine {
     bool operator==(const ActionLine &) const = default;
 };
 ActionLine actionLine(const QString &lastAction);
+
+// What ended a turn with an API error, from the error's kind: "Stopped" and "rate limit reached".
+ActionLine stopFailure(const QString &kind);
+
+// The third answer to a permission request, worded from what the agent offers to remember, as its
+// terminal words it: "Don’t ask again for npm test commands", "Always allow access to proj/",
+// "Allow all edits this session"; "Always allow" for anything else.
+QString alwaysAllow(const QJsonArray &suggestions);
 
 // How long the longest-waiting session has waited: empty under a minute, else "waiting 4m".
 QString waitedText(double seconds);

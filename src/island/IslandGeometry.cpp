@@ -30,7 +30,7 @@ bool IslandGeometry::showsPrompt(const AgentSession &s)
 
 bool IslandGeometry::showsAction(const AgentSession &s)
 {
-    return s.isWorking() && s.lastAction && !s.lastAction->isEmpty();
+    return (s.isWorking() && s.lastAction && !s.lastAction->isEmpty()) || s.hasFailed();
 }
 
 double IslandGeometry::rowHeight(const AgentSession &s)

@@ -56,7 +56,8 @@ public:
 
     // One session's row in the card (the first two sessions count toward the card's height).
     static double rowHeight(const AgentSession &session);
-    // A row shows the last prompt when there is one, and the last action only while working.
+    // A row shows the last prompt when there is one, and the last action only while working (or
+    // what stopped a failed turn).
     static bool showsPrompt(const AgentSession &session);
     static bool showsAction(const AgentSession &session);
 };

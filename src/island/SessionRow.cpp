@@ -22,8 +22,10 @@ SessionRow SessionRow::from(const AgentSession &s, double now)
     row.prompt = s.lastPrompt.value_or(QString());
     // The last action of a session that is no longer working is history; the row leaves it out, as
     // the card's size does.
+    // A turn that an API error ended says why in the same line.
     if (IslandGeometry::showsAction(s)) {
-        const CardText::ActionLine action = CardText::actionLine(*s.lastAction);
+        const CardText::ActionLine action =
+            s.hasFailed() ? CardText::stopFailure(*s.waitingFor) : CardText::actionLine(*s.lastAction);
         row.actionTool = action.tool;
         row.actionRest = action.rest;
     }

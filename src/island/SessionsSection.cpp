@@ -66,6 +66,8 @@ void SessionsSection::refresh()
         view.askId = first.askId.value_or(QString());
         view.askTool = first.askTool.value_or(QString());
         view.askTarget = first.askTarget.value_or(QString());
+        if (first.offersAlways())
+            view.alwaysLabel = CardText::alwaysAllow(*first.askSuggestions);
         view.moreWaiting = CardText::moreWaiting(int(waiting.size()) - 1);
         view.waited = CardText::waitedText(m_state.waitingSeconds());
     }
@@ -77,11 +79,21 @@ void SessionsSection::refresh()
 
 void SessionsSection::answer(const QString &askId, bool allow)
 {
+    if (asks(askId, &AgentSession::isAnswerable))
+        m_decisions.answer(askId, allow ? AskDecision::Answer::Allow : AskDecision::Answer::Deny);
+}
+
+void SessionsSection::answerAlways(const QString &askId)
+{
+    if (asks(askId, &AgentSession::offersAlways))
+        m_decisions.answer(askId, AskDecision::Answer::Always);
+}
+
+bool SessionsSection::asks(const QString &askId, bool (AgentSession::*answerable)() const) const
+{
     const QList<AgentSession> &sessions = m_state.agentSessions();
-    const bool asked = std::any_of(sessions.begin(), sessions.end(),
-                                   [&](const AgentSession &s) { return s.isAnswerable() && s.askId == askId; });
-    if (asked)
-        m_decisions.answer(askId, allow);
+    return std::any_of(sessions.begin(), sessions.end(),
+                       [&](const AgentSession &s) { return (s.*answerable)() && s.askId == askId; });
 }
 
 QString SessionsSection::needsPermission() const

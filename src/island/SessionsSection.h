@@ -31,6 +31,7 @@ class SessionsSection : public QObject {
     Q_PROPERTY(QString askId READ askId NOTIFY changed)
     Q_PROPERTY(QString askTool READ askTool NOTIFY changed)
     Q_PROPERTY(QString askTarget READ askTarget NOTIFY changed)
+    Q_PROPERTY(QString alwaysLabel READ alwaysLabel NOTIFY changed)
     Q_PROPERTY(QString moreWaiting READ moreWaiting NOTIFY changed)
     Q_PROPERTY(QString waited READ waited NOTIFY changed)
     Q_PROPERTY(QString needsPermission READ needsPermission CONSTANT)
@@ -61,6 +62,8 @@ public:
     QString askId() const { return m_view.askId; }
     QString askTool() const { return m_view.askTool; }
     QString askTarget() const { return m_view.askTarget; }
+    // The third answer's words when the agent offers one ("Always allow"), else empty.
+    QString alwaysLabel() const { return m_view.alwaysLabel; }
     QString moreWaiting() const { return m_view.moreWaiting; }
     QString waited() const { return m_view.waited; }
     QString needsPermission() const;
@@ -70,6 +73,8 @@ public:
     // Answers the question askId asks, when a session still waits on it; a click on a question that
     // is gone does nothing.
     Q_INVOKABLE void answer(const QString &askId, bool allow);
+    // Allows, and lets the agent remember what it offered; only where it offered something.
+    Q_INVOKABLE void answerAlways(const QString &askId);
 
 signals:
     void shownChanged();
@@ -82,10 +87,12 @@ private:
         QString moreRunning;
         QString waitingId, waitingLabel, waitingBrandIcon, waitingFor;
         bool answerable = false;
-        QString askId, askTool, askTarget, moreWaiting, waited;
+        QString askId, askTool, askTarget, alwaysLabel, moreWaiting, waited;
         bool operator==(const View &) const = default;
     };
     void refresh();
+    // Whether a session still asks askId, answerable as the test says.
+    bool asks(const QString &askId, bool (AgentSession::*answerable)() const) const;
 
     const IslandState &m_state;
     const AskDecision &m_decisions;

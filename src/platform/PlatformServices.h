@@ -20,6 +20,7 @@ class MediaPlayers;
 class PanelShell;
 class Pasteboard;
 class PointerMonitor;
+class ProcessWatcher;
 class SoundPlayer;
 class SpeechSynthesizer;
 class TerminalFocus;
@@ -48,6 +49,8 @@ struct PlatformServices {
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);
+    // A new watcher of processes; the caller owns it.
+    static ProcessWatcher *newProcessWatcher(QObject *parent = nullptr);
 
     // The machine's model as its maker names it, "unknown" when the system does not say.
     static QString hardwareModel();

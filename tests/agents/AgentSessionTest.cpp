@@ -1,14 +1,18 @@
 #include "agents/AgentSession.h"
 #include "agents/LocalHookSource.h"
 #include "agents/SessionDirectory.h"
+#include "agents/SessionLiveness.h"
 #include "platform/FolderWatcher.h"
 #include "platform/PlatformServices.h"
+#include "platform/linux/PidfdProcessWatcher.h"
 
 #include "FakeClock.h"
 #include "TempHome.h"
 #include "TestTable.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -26,6 +30,8 @@ private slots:
     // The source over a real folder and a real inotify watch; time moves only by the fake clock.
     void watching();
     void unwatchableFolderIsLogged();
+    // Real processes and a real process watch: a closed session leaves, an interrupted turn ends.
+    void livenessOfSessions();
 };
 
 namespace {
@@ -69,7 +75,8 @@ waiting with id       |  1 | {@,"status":"waiting","ask_id":"t"}
 waiting, empty id     |  0 | {@,"status":"waiting","ask_id":""}
 waiting, no id        |  0 | {@,"status":"waiting"}
 capital W             |  0 | {@,"status":"Waiting","ask_id":"t"}
-working with id       |  0 | {@,"status":"working","ask_id":"t"})");
+working with id       |  0 | {@,"status":"working","ask_id":"t"}
+odd process, offer    |  1 | {@,"status":"waiting","ask_id":"t","process":{"pid":"7","start":1},"ask_suggestions":{}})");
 }
 
 void AgentSessionTest::decoding()
@@ -80,6 +87,8 @@ void AgentSessionTest::decoding()
     QCOMPARE(s.has_value(), expected.toInt() >= 0);
     if (s)
         QCOMPARE(s->isAnswerable(), expected.toInt() == 1);
+    if (s && bytes.contains("process")) // keys added later: a malformed value counts as none
+        QVERIFY(!s->process && !s->askSuggestions && !s->offersAlways());
 }
 
 void AgentSessionTest::fullRecordRoundTrips()
@@ -87,8 +96,11 @@ void AgentSessionTest::fullRecordRoundTrips()
     const auto s = AgentSession::decode(R"({"id":"s1","agent":"codex","label":"p","status":"odd","started":1.5,
         "updated":2.25,"last_prompt":"fix it","last_action":"Bash ls","waiting_for":"w","cwd":"/p","host_bundle":"h",
         "term_app":"kitty","term_session":"ts","tty":"/dev/pts/3","ask_tool":"Bash","ask_target":"rm x","ask_id":"t1",
-        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]}})");
+        "tasks":{"done":1,"in_progress":2,"open":3,"items":[{"subject":"a","status":"completed"}]},
+        "process":{"pid":4242,"start":"385863"},"ask_suggestions":[{"type":"setMode","mode":"acceptEdits"}]})");
     QVERIFY(s);
+    QCOMPARE(s->process, (vaxo::AgentProcess{4242, "385863"}));
+    QCOMPARE(s->askSuggestions->size(), 1);
     QCOMPARE(s->status, "odd");
     QCOMPARE(s->updated, 2.25);
     QCOMPARE(*s->askTarget, "rm x");
@@ -233,6 +245,69 @@ void AgentSessionTest::unwatchableFolderIsLogged()
     QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + home.paths().sessions()));
     source.start([&](const QList<AgentSession> &) { ++calls; });
     QCOMPARE(calls, 0);
+}
+
+void AgentSessionTest::livenessOfSessions()
+{
+    using vaxo::linux_platform::PidfdProcessWatcher;
+    TempHome home;
+    const double now = QDateTime::currentMSecsSinceEpoch() / 1000.0;
+    vaxo::test::FakeClock clock(now);
+    const QString dir = home.paths().sessions(), claude = home.root() + "/claude-sessions";
+    QProcess agent; // stands in for Claude Code
+    agent.start("/bin/sleep", {"600"});
+    QVERIFY(agent.waitForStarted());
+    const qint64 pid = agent.processId(), self = QCoreApplication::applicationPid();
+    const auto session = [&](const char *id, qint64 process, const QString &start) {
+        const QString key = process ? QString(R"(,"process":{"pid":%1,"start":"%2"})").arg(process).arg(start) : "";
+        TempHome::write(dir + "/" + id + ".json",
+                        QString(R"({"id":"%1","agent":"claude","label":"l","status":"working",)"
+                                R"("updated":%2%3})")
+                            .arg(id)
+                            .arg(now - 10, 0, 'f', 3)
+                            .arg(key)
+                            .toUtf8());
+    };
+    const auto claudeSays = [&](const char *status, double at) {
+        TempHome::replace(claude + QString("/%1.json").arg(self),
+                          QString(R"({"pid":%1,"sessionId":"esc","procStart":"%2","status":"%3","statusUpdatedAt":%4})")
+                              .arg(self)
+                              .arg(PidfdProcessWatcher::startOf(self), status)
+                              .arg(qint64(at * 1000))
+                              .toUtf8());
+    };
+    session("open", pid, PidfdProcessWatcher::startOf(pid));
+    session("reused", pid, "1"); // the id now names another process: the session's is gone
+    session("plain", 0, {});     // no process recorded: only its own events tell
+    session("esc", self, PidfdProcessWatcher::startOf(self));
+    claudeSays("busy", now - 20); // before the session's last event: says nothing
+
+    auto *liveness = new vaxo::SessionLiveness(dir, vaxo::PlatformServices::newProcessWatcher(), claude,
+                                               vaxo::PlatformServices::newFolderWatcher());
+    QSignalSpy statusChanges(liveness, &vaxo::SessionLiveness::statusChanged);
+    vaxo::LocalHookSource source(dir, clock, vaxo::PlatformServices::newFolderWatcher(), liveness);
+    QMap<QString, QString> statuses;
+    source.start([&](const QList<AgentSession> &list) {
+        statuses.clear();
+        for (const AgentSession &s : list)
+            statuses.insert(s.id, s.status);
+    });
+    using Statuses = QMap<QString, QString>;
+    QCOMPARE(statuses, (Statuses{{"open", "working"}, {"plain", "working"}, {"esc", "working"}}));
+    QVERIFY(!QFile::exists(dir + "/reused.json"));
+
+    // Esc: no hook runs, but Claude Code calls its process idle.
+    claudeSays("idle", now - 5);
+    QTRY_VERIFY_WITH_TIMEOUT(!statusChanges.isEmpty(), 5000);
+    clock.advance(vaxo::LocalHookSource::kCoalesceDelay);
+    QCOMPARE(statuses.value("esc"), "done");
+
+    // The terminal closes: the agent's session goes, the others stay.
+    agent.kill();
+    QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(dir + "/open.json"), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT((clock.advance(vaxo::LocalHookSource::kCoalesceDelay), !statuses.contains("open")), 5000);
+    QCOMPARE(statuses, (Statuses{{"plain", "working"}, {"esc", "done"}}));
+    agent.waitForFinished();
 }
 
 QTEST_GUILESS_MAIN(AgentSessionTest)

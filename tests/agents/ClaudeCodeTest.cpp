@@ -1,7 +1,6 @@
-#include "TempHome.h"
+#include "ClaudeHarness.h"
 #include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
-#include "agents/HookInstaller.h"
 #include "app/Clock.h"
 
 #include <QDir>
@@ -28,64 +27,33 @@ private slots:
 
 void ClaudeCodeTest::oneSession()
 {
-    constexpr int kPatience = 90'000; // a cold start of Claude Code on a busy machine takes seconds
-    const QString claude = QStringLiteral(VAXO_CLAUDE_BINARY);
-    QVERIFY2(QFileInfo(claude).isExecutable(), "Claude Code is missing: run scripts/setup.sh");
-    TempHome temp;
-    const QString home = temp.root() + "/home";
-    QVERIFY(QDir().mkpath(home + "/proj") && QDir().mkpath(home + "/.claude"));
-    const QString project = QFileInfo(home + "/proj").canonicalFilePath();
-    const QJsonObject state{{"hasCompletedOnboarding", true},
-                            {"projects", QJsonObject{{project, QJsonObject{{"hasTrustDialogAccepted", true}}}}}};
-    TempHome::write(home + "/.claude.json", QJsonDocument(state).toJson());
-    QTest::ignoreMessage(QtInfoMsg, "[island] Claude Code hooks installed");
-    vaxo::HookInstaller(temp.paths(), home, vaxo::Clock::system()).installIfNeeded();
+    using vaxo::test::ClaudeHarness;
+    constexpr int kPatience = ClaudeHarness::kPatience;
+    ClaudeHarness harness;
+    QVERIFY2(harness.ready(), "Claude Code or its stand-in is missing: run scripts/setup.sh");
+    const TempHome &temp = harness.temp();
+    const QString project = harness.project();
 
     // Claude Code gets a terminal of its own, as in a terminal window, while the test talks to it
     // over pipes; its hooks run without one and must find it.
     const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
     QVERIFY(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
     const QByteArray terminalName = ::ptsname(terminal);
-    QProcess api, agent;
-    // Both children lead process groups (Claude Code a session) that end whole with the test.
+    QProcess agent;
+    // Claude Code leads a session of its own, which ends whole with the test.
     const auto end = qScopeGuard([&] {
         if (QTest::currentTestFailed()) {
             qInfo().noquote() << "Claude Code:\n" << TempHome::read(temp.root() + "/claude.out").right(4000);
             qInfo().noquote() << TempHome::read(temp.root() + "/claude.err").right(2000);
-            qInfo().noquote() << "Stand-in's requests:\n" << TempHome::read(temp.root() + "/api.err").right(2000);
+            harness.report();
         }
-        for (QProcess *child : {&agent, &api}) {
-            if (child->processId() > 0)
-                ::kill(-pid_t(child->processId()), SIGKILL);
-            child->waitForFinished(10'000);
-        }
+        if (agent.processId() > 0)
+            ::kill(-pid_t(agent.processId()), SIGKILL);
+        agent.waitForFinished(10'000);
         ::close(terminal);
     });
-    api.setChildProcessModifier([] { ::setpgid(0, 0); });
-    api.setStandardErrorFile(temp.root() + "/api.err");
-    api.start("/usr/bin/python3", {qEnvironmentVariable("VAXO_SOURCE_DIR") + "/tests/agents/messages_api_standin.py"});
-    QVERIFY(api.waitForReadyRead(30'000));
-    const int port = api.readLine().trimmed().toInt();
-    QVERIFY(port > 0);
-
-    // Offline: anything that still tries another host meets a closed loopback port and fails at once.
     QProcessEnvironment env;
-    const QStringList variables{"PATH=/usr/bin:/bin",
-                                "HOME=" + home,
-                                "VAXO_ASK_TIMEOUT=120",
-                                "TMPDIR=" + temp.root(),
-                                "XDG_CONFIG_HOME=" + home + "/.config",
-                                "XDG_DATA_HOME=" + home + "/.local/share",
-                                "XDG_CACHE_HOME=" + home + "/.cache",
-                                QString("ANTHROPIC_BASE_URL=http://127.0.0.1:%1").arg(port),
-                                "ANTHROPIC_API_KEY=sk-ant-test-offline",
-                                "CLAUDE_CODE_MAX_RETRIES=0",
-                                "CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC=1",
-                                "DISABLE_AUTOUPDATER=1",
-                                "HTTPS_PROXY=http://127.0.0.1:9",
-                                "HTTP_PROXY=http://127.0.0.1:9",
-                                "NO_PROXY=127.0.0.1,localhost"};
-    for (const QString &variable : variables)
+    for (const QString &variable : harness.environment())
         env.insert(variable.section('=', 0, 0), variable.section('=', 1));
     agent.setProcessEnvironment(env);
     agent.setWorkingDirectory(project);
@@ -96,27 +64,22 @@ void ClaudeCodeTest::oneSession()
         ::close(::open(terminalName.constData(), O_RDWR));
     });
     // Stream-json mode asks for permissions (plain -p refuses tools); standard input stays open.
-    agent.start(claude, {"-p", "--input-format", "stream-json", "--output-format", "stream-json", "--verbose",
-                         "--permission-prompt-tool", "stdio"});
+    agent.start(harness.claude(), {"-p", "--input-format", "stream-json", "--output-format", "stream-json", "--verbose",
+                                   "--permission-prompt-tool", "stdio"});
     QVERIFY(agent.waitForStarted(30'000));
 
     const auto say = [&](const QString &text) {
         const QJsonObject message{{"type", "user"}, {"message", QJsonObject{{"role", "user"}, {"content", text}}}};
         agent.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + "\n");
     };
-    const auto session = [&] {
-        const QFileInfoList files = QDir(temp.paths().sessions()).entryInfoList({"*.json"}, QDir::Files);
-        return files.size() == 1 ? TempHome::read(files.first().filePath()) : QByteArray();
-    };
-    const auto field = [&](const char *key) {
-        return QJsonDocument::fromJson(session()).object().value(key).toString();
-    };
+    const auto field = [&](const char *key) { return harness.field(key); };
     const auto answerable = [&] {
-        const auto record = vaxo::AgentSession::decode(session());
+        const auto record = vaxo::AgentSession::decode(QJsonDocument(harness.session()).toJson());
         return record && record->isAnswerable();
     };
     const auto answer = [&](bool allow) {
-        vaxo::AskDecision(temp.paths().decisions(), vaxo::Clock::system()).answer(field("ask_id"), allow);
+        vaxo::AskDecision(temp.paths().decisions(), vaxo::Clock::system())
+            .answer(field("ask_id"), allow ? vaxo::AskDecision::Answer::Allow : vaxo::AskDecision::Answer::Deny);
     };
 
     // The stand-in holds each answer until its gate file exists, so a turn is seen under way.

@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <csignal>
+
 using vaxo::AskDecision;
 using vaxo::HookInstaller;
 using vaxo::test::rows;
@@ -26,8 +28,6 @@ class HookScriptsTest : public QObject {
     Q_OBJECT
 private slots:
     void init();
-    void mergeKeepsWhatIsThere_data();
-    void mergeKeepsWhatIsThere();
     void installOverTime();
     void events_data();
     void events();
@@ -40,6 +40,9 @@ private slots:
     void decisionFiles_data();
     void decisionFiles();
     void reporterWaitsForTheClick();
+    void answeredInTheTerminal_data();
+    void answeredInTheTerminal();
+    void processIsTheNearestAncestorNotAShell();
     void reporterSurvivesAnyInput_data();
     void reporterSurvivesAnyInput();
 
@@ -65,6 +68,8 @@ private:
 namespace {
 const QString kSid = QStringLiteral("5f0c3a1e-0000-4000-8000-000000000001");
 const QByteArray kAsk = R"({"tool_name":"Bash","tool_input":{"command":"rm -rf build"},"tool_use_id":"toolu_01"})";
+const QByteArray kSuggestions = R"([{"type":"setMode","mode":"acceptEdits"}])";
+const QByteArray kOffer = kAsk.chopped(1) + R"(,"permission_suggestions":)" + kSuggestions + "}";
 QJsonObject json(const QString &text)
 {
     return QJsonDocument::fromJson(text.toUtf8()).object();
@@ -76,10 +81,18 @@ void expectFields(const QJsonObject &record, const QString &want)
     for (auto it = fields.begin(); it != fields.end(); ++it)
         QCOMPARE(record.value(it.key()), it.value());
 }
+// The kernel's start time of a process, as the hook records it.
+QByteArray startOf(qint64 pid)
+{
+    const QByteArray stat = TempHome::read(QString("/proc/%1/stat").arg(pid));
+    return stat.mid(stat.lastIndexOf(')') + 2).split(' ').value(19);
+}
 QByteArray decisionOutput(const QByteArray &behavior)
 {
-    return R"({"hookSpecificOutput":{"hookEventName":"PermissionRequest","decision":{"behavior":")" + behavior +
-           "\"}}}\n";
+    const QByteArray decision = behavior == "always"
+                                    ? R"({"behavior":"allow","updatedPermissions":)" + kSuggestions + "}"
+                                    : R"({"behavior":")" + behavior + "\"}";
+    return R"({"hookSpecificOutput":{"hookEventName":"PermissionRequest","decision":)" + decision + "}}\n";
 }
 } // namespace
 
@@ -141,50 +154,6 @@ QJsonObject HookScriptsTest::send(const QString &event, QJsonObject payload, con
     return json(written);
 }
 
-void HookScriptsTest::mergeKeepsWhatIsThere_data()
-{
-    QTest::addColumn<QByteArray>("before"); // "none": no settings file
-    QTest::addColumn<QByteArray>("rest");   // what the file holds besides our six entries
-    rows(R"(
-no settings file              | none                             | {}
-other tools' hooks beside ours | {"model":"opus","hooks":{"Stop":[{"hooks":[{"command":"other"}]}],"PreToolUse":[{"matcher":"Bash"}]}} | {"model":"opus","hooks":{"Stop":[{"hooks":[{"command":"other"}]}],"PreToolUse":[{"matcher":"Bash"}]}}
-not a JSON object             | [1, 2, 3]                        | {}
-not JSON at all               | {"hooks":                        | {}
-hooks not an object           | {"hooks":"none","env":{"A":"1"}} | {"env":{"A":"1"}}
-event not an array of objects | {"hooks":{"Stop":["echo"]}}      | {})");
-}
-
-void HookScriptsTest::mergeKeepsWhatIsThere()
-{
-    QFETCH(QByteArray, before);
-    QFETCH(QByteArray, rest);
-    QDir().mkpath(m_installer->claudeFolder());
-    if (before == "none")
-        before = QByteArray();
-    else
-        TempHome::write(m_installer->settingsFile(), before);
-    QFile::setPermissions(m_installer->settingsFile(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    QTest::ignoreMessage(QtInfoMsg, "[island] Claude Code hooks installed");
-    m_installer->installIfNeeded();
-
-    // Pretty-printed with sorted keys; ours come last in each event's list, after what was there.
-    QJsonObject after = QJsonDocument::fromJson(settings()).object();
-    QCOMPARE(settings(), QJsonDocument(after).toJson(QJsonDocument::Indented));
-    QJsonObject hooks = after.value("hooks").toObject();
-    for (const QString &event : HookInstaller::events()) {
-        QJsonArray entries = hooks.value(event).toArray();
-        const QJsonObject ours{
-            {"hooks", QJsonArray{QJsonObject{{"type", "command"}, {"command", m_installer->hookCommand(event)}}}}};
-        QCOMPARE(entries.takeAt(entries.size() - 1).toObject(), ours);
-        entries.isEmpty() ? hooks.remove(event) : void(hooks.insert(event, entries));
-    }
-    hooks.isEmpty() ? after.remove("hooks") : void(after.insert("hooks", hooks));
-    QCOMPARE(after, json(rest));
-    QCOMPARE(TempHome::read(backup("2025-06-15")), before); // the file as it was, if there was one
-    if (!before.isNull())
-        QCOMPARE(TempHome::mode(m_installer->settingsFile()), 0600); // the user's own permissions stay
-}
-
 void HookScriptsTest::installOverTime()
 {
     // Without ~/.claude only the scripts are written.
@@ -210,7 +179,7 @@ void HookScriptsTest::installOverTime()
     QVERIFY(m_installer->mergeSettings());
     QCOMPARE(TempHome::read(backup("2025-06-16")), R"({"third": true})");
 
-    // All six registered by hand in a layout of our own, our command inside a longer one: left alone.
+    // All seven registered by hand in a layout of our own, our command inside a longer one: left alone.
     QJsonObject hooks;
     for (const QString &event : HookInstaller::events()) {
         const QString command = "nice " + m_installer->hookCommand(event);
@@ -226,7 +195,7 @@ void HookScriptsTest::installOverTime()
 
 void HookScriptsTest::events_data()
 {
-    QTest::addColumn<QByteArray>("before"); // "ask", "prompt", "tool" or ""
+    QTest::addColumn<QByteArray>("before"); // "ask", "offer", "prompt", "tool" or ""
     QTest::addColumn<QByteArray>("event");
     QTest::addColumn<QByteArray>("payload");
     QTest::addColumn<QByteArray>("expected"); // fields of the record afterwards; "" for no file at all
@@ -245,7 +214,16 @@ tool use by pattern        |        | PostToolUse       | {"tool_name":"Grep","t
 other event drops question | ask    | SubagentStop      | {} | {"status":"waiting","waiting_for":"permission","ask_id":null}
 label from cwd             |        | Stop              | {"cwd":"/home/ada/island/"} | {"label":"island","cwd":"/home/ada/island/"}
 root folder label          |        | Stop              | {"cwd":"/"} | {"label":"session"}
-session end leaves no file | ask    | SessionEnd        | {} |)");
+session end leaves no file | ask    | SessionEnd        | {} |
+idle reminder changes none | prompt | Notification      | {"message":"Claude is waiting for your input","notification_type":"idle_prompt"} | {"status":"working","waiting_for":null}
+idle reminder after a stop | tool   | Notification      | {"notification_type":"idle_prompt"} | {"status":"working","last_action":"Read a"}
+a question from a tool     | prompt | Notification      | {"message":"Pick one","notification_type":"elicitation_dialog"} | {"status":"waiting","waiting_for":"Pick one"}
+failed turn                | tool   | StopFailure       | {"error":"rate_limit","last_assistant_message":"API Error: 429"} | {"status":"done","waiting_for":"rate_limit","last_action":null,"ask_id":null}
+failed turn without a kind | ask    | StopFailure       | {"error":7} | {"status":"done","waiting_for":"unknown","ask_id":null,"ask_suggestions":null}
+request with an offer      |        | PermissionRequest | {"tool_name":"Bash","permission_suggestions":[{"type":"setMode","mode":"acceptEdits"}]} | {"status":"waiting","ask_suggestions":[{"type":"setMode","mode":"acceptEdits"}]}
+request with no offer      |        | PermissionRequest | {"tool_name":"Bash","permission_suggestions":[]} | {"status":"waiting","ask_suggestions":null}
+offer stays with question  | offer  | Notification      | {"message":"Allow?","notification_type":"permission_prompt"} | {"status":"waiting","ask_suggestions":[{"type":"setMode","mode":"acceptEdits"}]}
+offer goes with question   | offer  | PostToolUse       | {"tool_name":"Bash"} | {"status":"working","ask_suggestions":null})");
 }
 
 void HookScriptsTest::events()
@@ -256,6 +234,8 @@ void HookScriptsTest::events()
     QFETCH(QByteArray, expected);
     if (before == "ask")
         send("PermissionRequest", json(kAsk));
+    else if (before == "offer")
+        send("PermissionRequest", json(kOffer));
     else if (before == "prompt")
         send("UserPromptSubmit", json(R"({"prompt":"p"})"));
     else if (before == "tool")
@@ -264,9 +244,9 @@ void HookScriptsTest::events()
     if (expected.isEmpty()) // not even a temporary file
         QCOMPARE(QDir(sessions()).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList());
     else
-        QCOMPARE(record.keys(), (QStringList{"agent", "ask_id", "ask_target", "ask_tool", "cwd", "host_bundle", "id",
-                                             "label", "last_action", "last_prompt", "started", "status", "tasks",
-                                             "term_app", "term_session", "tty", "updated", "waiting_for"}));
+        QCOMPARE(record.keys().join(' '), "agent ask_id ask_suggestions ask_target ask_tool cwd host_bundle id label "
+                                          "last_action last_prompt process started status tasks term_app term_session "
+                                          "tty updated waiting_for");
     expectFields(record, expected);
 }
 
@@ -375,10 +355,10 @@ void HookScriptsTest::islandAnswers()
     QDir().mkpath(decisions());
     QFile::setPermissions(decisions(), QFileDevice::Permissions(0x7755)); // 0755: made before, too open
     const AskDecision decision(decisions(), *m_clock);
-    decision.answer("", true); // no id, no file
-    decision.answer("a/b", true);
+    decision.answer("", AskDecision::Answer::Allow); // no id, no file
+    decision.answer("a/b", AskDecision::Answer::Allow);
     m_clock->advance(1.25);
-    decision.answer("a/b", false); // the second click wins
+    decision.answer("a/b", AskDecision::Answer::Deny); // the second click wins
     QCOMPARE(QDir(decisions()).entryList(QDir::Files | QDir::Hidden), QStringList{"a_b.json"});
     QCOMPARE(TempHome::mode(decisions()), 0700);
     QCOMPARE(TempHome::mode(decisions() + "/a_b.json"), 0600);
@@ -405,19 +385,25 @@ void HookScriptsTest::decisionFiles_data()
     QTest::addColumn<QByteArray>("content"); // "%NOW" stands for the current time
     QTest::addColumn<QByteArray>("printed"); // accepted behaviour, "" for nothing
     QTest::addColumn<QByteArray>("stays");   // whether the file is still there afterwards
+    QTest::addColumn<QByteArray>("offer");   // whether the request offers something to remember
     // The island writes "a_b.json" for "a/b"; the reporter must look for no name but the raw id's.
+    // "always" is printed as an allow with the request's own offer, and refused without one.
     rows(R"(
-allow              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW}     | allow |
-deny               | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"deny","at":%NOW}      | deny  |
-stale              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW-601} |       |
-no time            | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow"}               |       |
-wrong id           | toolu_1 | toolu_1.json | {"id":"toolu_2","behavior":"allow","at":%NOW}     |       |
-unknown behaviour  | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"ask","at":%NOW}       |       |
-not an object      | toolu_1 | toolu_1.json | ["allow"]                                         |       |
-at not a number    | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":"1"}      |       |
-malformed          | toolu_1 | toolu_1.json | {"id":"toolu_1","beh                              |       | yes
-none in the budget | toolu_1 | other.json   | {}                                                |       | yes
-sanitising changes | a/b     | a_b.json     | {"id":"a/b","behavior":"allow","at":%NOW}         |       | yes)");
+allow              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW}     | allow | |
+deny               | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"deny","at":%NOW}      | deny  | |
+stale              | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW-601} |       | |
+no time            | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow"}               |       | |
+wrong id           | toolu_1 | toolu_1.json | {"id":"toolu_2","behavior":"allow","at":%NOW}     |       | |
+unknown behaviour  | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"ask","at":%NOW}       |       | |
+not an object      | toolu_1 | toolu_1.json | ["allow"]                                         |       | |
+at not a number    | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":"1"}      |       | |
+malformed          | toolu_1 | toolu_1.json | {"id":"toolu_1","beh                              |       | yes |
+none in the budget | toolu_1 | other.json   | {}                                                |       | yes |
+sanitising changes | a/b     | a_b.json     | {"id":"a/b","behavior":"allow","at":%NOW}         |       | yes |
+always             | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"always","at":%NOW}    | always |    | yes
+always, no offer   | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"always","at":%NOW}    |        |    |
+offer, plain allow | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"allow","at":%NOW}     | allow  |    | yes
+always, stale      | toolu_1 | toolu_1.json | {"id":"toolu_1","behavior":"always","at":%NOW-601} |       |    | yes)");
 }
 
 void HookScriptsTest::decisionFiles()
@@ -427,10 +413,12 @@ void HookScriptsTest::decisionFiles()
     QFETCH(QByteArray, content);
     QFETCH(QByteArray, printed);
     QFETCH(QByteArray, stays);
+    QFETCH(QByteArray, offer);
     const double now = QDateTime::currentMSecsSinceEpoch() / 1000.0;
     content.replace("%NOW-601", QByteArray::number(now - 601, 'f', 3)).replace("%NOW", QByteArray::number(now, 'f', 3));
     TempHome::write(decisions() + "/" + file, content);
-    const Run result = reporter(QByteArray(kAsk).replace("toolu_01", askId), "PermissionRequest");
+    const Run result =
+        reporter(QByteArray(offer.isEmpty() ? kAsk : kOffer).replace("toolu_01", askId), "PermissionRequest");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out + result.err, printed.isEmpty() ? QByteArray() : decisionOutput(printed));
     QCOMPARE(QFileInfo::exists(decisions() + "/" + file), !stays.isEmpty());
@@ -447,10 +435,105 @@ void HookScriptsTest::reporterWaitsForTheClick()
     // The session turns answerable before the reporter starts to wait; the click comes after.
     const QString file = sessions() + "/unknown.json";
     QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
-    AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", true);
+    AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", AskDecision::Answer::Allow);
     QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 60'000);
     QCOMPARE(hook.readAllStandardOutput(), decisionOutput("allow"));
     QVERIFY(QDir(decisions()).entryList(QDir::Files).isEmpty());
+}
+
+void HookScriptsTest::answeredInTheTerminal_data()
+{
+    QTest::addColumn<QByteArray>("change"); // what happens while the reporter waits
+    QTest::addColumn<QByteArray>("after");  // the session's status then; "click" when it still waits
+    // The request's transcript already holds an older refusal, and Claude Code's status of its
+    // process says "waiting" (the hook's process stands in for Claude Code's).
+    rows(R"(
+refused                    | transcript {"type":"user","message":{"role":"user","content":[{"type":"tool_result","content":"The user doesn't want to proceed with this tool use.","is_error":true,"tool_use_id":"toolu_9"}]}} | done
+interrupted                | transcript {"type":"user","message":{"role":"user","content":[{"type":"text","text":"[Request interrupted by user for tool use]"}]}} | done
+allowed, tool runs         | status {"sessionId":"%SID","procStart":"%START","status":"busy","statusUpdatedAt":%NOW} | working
+refused, turn over         | status {"sessionId":"%SID","procStart":"%START","status":"idle","statusUpdatedAt":%NOW} | done
+answered, hook ended       | term {"sessionId":"%SID","procStart":"%START","status":"idle","statusUpdatedAt":%NOW} | done
+hook ended, nothing said   | term | working
+another event came         | event PostToolUse | working
+session ended              | event SessionEnd | gone
+a result of another call   | transcript {"type":"user","message":{"role":"user","content":[{"type":"tool_result","content":"ok","tool_use_id":"toolu_8"}]}} | click
+a refusal in a prompt      | transcript {"type":"user","message":{"role":"user","content":"The user doesn't want to proceed"}} | click
+another session's status   | status {"sessionId":"other","procStart":"%START","status":"idle","statusUpdatedAt":%NOW} | click
+a process reusing the id   | status {"sessionId":"%SID","procStart":"1","status":"idle","statusUpdatedAt":%NOW} | click)");
+}
+
+void HookScriptsTest::answeredInTheTerminal()
+{
+    QFETCH(QByteArray, change);
+    QFETCH(QByteArray, after);
+    const QString transcript = m_home->root() + "/transcript.jsonl";
+    const QString status =
+        m_home->root() + QString("/.claude/sessions/%1.json").arg(QCoreApplication::applicationPid());
+    const QByteArray refusal =
+        R"({"type":"user","message":{"content":[{"type":"tool_result","content":"The user doesn't want to proceed"}]}})";
+    TempHome::write(transcript, refusal + "\n" + QByteArray(100'000, ' ') + "\n");
+    const auto fill = [&](QByteArray text) {
+        const QByteArray now = QByteArray::number(QDateTime::currentMSecsSinceEpoch());
+        return text.replace("%SID", kSid.toUtf8())
+            .replace("%START", startOf(QCoreApplication::applicationPid()))
+            .replace("%NOW", now);
+    };
+    TempHome::write(status,
+                    fill(R"({"sessionId":"%SID","procStart":"%START","status":"waiting","statusUpdatedAt":1})"));
+
+    QProcess hook;
+    hook.setProcessEnvironment(environment("60"));
+    hook.setChildProcessModifier([] { ::setpgid(0, 0); });
+    hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
+    hook.write(kAsk.chopped(1) + R"(,"session_id":")" + kSid.toUtf8() + R"(","transcript_path":")" +
+               transcript.toUtf8() + "\"}");
+    hook.closeWriteChannel();
+    const QString file = sessions() + "/" + kSid + ".json";
+    QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
+
+    const QByteArray what = change.split(' ').first(), detail = change.mid(what.size() + 1);
+    if (what == "transcript") {
+        QFile log(transcript);
+        QVERIFY(log.open(QIODevice::Append));
+        log.write(detail.left(40)); // half a line first: it counts only once whole
+        log.flush();
+        log.write(detail.mid(40) + "\n");
+    } else if (what == "status") {
+        TempHome::replace(status, fill(detail));
+    } else if (what == "term") { // as Claude Code ends the hook when its terminal got the answer
+        if (change.contains(' '))
+            TempHome::replace(status, fill(detail));
+        ::kill(-pid_t(hook.processId()), SIGTERM);
+    } else {
+        send(QString::fromUtf8(detail), json(R"({"tool_name":"Bash"})"));
+    }
+    if (after == "click") // it still waits: the island's answer goes through
+        AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", AskDecision::Answer::Allow);
+    QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 30'000);
+    QCOMPARE(hook.readAllStandardOutput(), after == "click" ? decisionOutput("allow") : QByteArray());
+    if (after == "gone") {
+        QVERIFY(!QFileInfo::exists(file)); // not written again
+    } else if (after != "click") {
+        // An ended hook's reporter may still be writing when the hook's shell is gone.
+        QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("status").toString(), QString(after), 10'000);
+        const QJsonObject record = json(TempHome::read(file));
+        expectFields(record, R"({"status":")" + after + R"(","ask_id":null,"ask_tool":null,"waiting_for":null})");
+        QCOMPARE(record.value("last_action").toString(), what == "event" ? "Bash" : ""); // the event's own record stays
+    }
+}
+
+void HookScriptsTest::processIsTheNearestAncestorNotAShell()
+{
+    // Claude Code starts the hook through a shell; the shells between are passed over.
+    const qint64 self = QCoreApplication::applicationPid();
+    const QByteArray payload = R"({"session_id":")" + kSid.toUtf8() + "\"}";
+    const QString script = m_home->paths().hookScript();
+    for (const QStringList &command : {QStringList{"/bin/bash", script, "Stop"},
+                                       QStringList{"/bin/sh", "-c", "/bin/bash \"$0\" Stop; true", script}}) {
+        QCOMPARE(run(command, payload, environment()).code, 0);
+        QCOMPARE(json(TempHome::read(sessions() + "/" + kSid + ".json")).value("process").toObject(),
+                 (QJsonObject{{"pid", self}, {"start", QString(startOf(self))}}));
+    }
 }
 
 void HookScriptsTest::reporterSurvivesAnyInput_data()

@@ -4,7 +4,8 @@
 Prints its 127.0.0.1 port on the first line. POST /v1/messages answers (streamed or plain): a Bash
 tool call with the command of a "RUN: <command>" line of the last user text when Bash is offered;
 else "Done." after a tool result or "Hello.", once every file named on a "HOLD: <path>" line of the
-user's texts exists (up to two minutes each). Other paths: 404. Requests are logged on stderr.
+user's texts exists (up to two minutes each); an error with the status and type of a
+"FAIL: <status> <type>" line of the last user text. Other paths: 404. Requests are logged on stderr.
 """
 import http.server
 import itertools
@@ -26,13 +27,26 @@ def marked(texts, mark):
     return [line.split(mark, 1)[1].strip() for text in texts for line in text.splitlines() if mark in line]
 
 
+def user_messages(body):
+    return [m for m in body.get("messages") or [] if isinstance(m, dict) and m.get("role") == "user"]
+
+
+def last_user(body):
+    users = user_messages(body)
+    return users[-1] if users else {}
+
+
 def reply_blocks(body):
-    users = [m for m in body.get("messages") or [] if isinstance(m, dict) and m.get("role") == "user"]
-    last = users[-1] if users else {}
+    users = user_messages(body)
+    last = last_user(body)
     content = last.get("content") if isinstance(last.get("content"), list) else []
-    answered = any(isinstance(b, dict) and b.get("type") == "tool_result" for b in content)
+    results = [i for i, b in enumerate(content) if isinstance(b, dict) and b.get("type") == "tool_result"]
+    # A new prompt may share the user message with the result of a refused call: only text after
+    # the last tool result asks for something new.
+    after = {"role": "user", "content": content[results[-1] + 1:]} if results else last
+    answered = bool(results) and not marked(user_texts(after), "RUN:")
     tools = {t.get("name") for t in body.get("tools") or [] if isinstance(t, dict)}
-    commands = marked(user_texts(last), "RUN:")
+    commands = marked(user_texts(after), "RUN:")
     if not answered and commands and "Bash" in tools:
         return [{"type": "tool_use", "id": "toolu_%024d" % next(ids), "name": "Bash",
                  "input": {"command": commands[-1], "description": "Run a command"}}]
@@ -91,6 +105,11 @@ class Handler(http.server.BaseHTTPRequestHandler):
             body = json.loads(raw)
         except ValueError:
             body = {}
+        failure = marked(user_texts(last_user(body)), "FAIL:")
+        if failure:
+            status, kind = (failure[-1].split() + ["api_error"])[:2]
+            error = {"type": "error", "error": {"type": kind, "message": "Stand-in failure"}}
+            return self.send(int(status), "application/json", json.dumps(error).encode())
         blocks = reply_blocks(body)
         if not body.get("stream"):
             return self.send(200, "application/json", json.dumps(message(body, blocks)).encode())

@@ -47,7 +47,7 @@ private slots:
         QVERIFY(!QFile::exists(paths.decisions() + "/old.json"));
         QVERIFY(QFile::exists(paths.decisions() + "/fresh.json"));
         const QByteArray settings = TempHome::read(home.root() + "/.claude/settings.json");
-        QCOMPARE(QJsonDocument::fromJson(settings).object().value("hooks").toObject().size(), 6);
+        QCOMPARE(QJsonDocument::fromJson(settings).object().value("hooks").toObject().size(), 7);
 
         // The clipboard history takes what another program copies and keeps its file private.
         QProcess xclip; // forks and keeps offering the text in the background

@@ -3,6 +3,7 @@
 
 #include "TestTable.h"
 
+#include <QJsonDocument>
 #include <QTest>
 
 using namespace vaxo;
@@ -63,6 +64,40 @@ private slots:
         const CardText::ActionLine line = CardText::actionLine(QString::fromUtf8(action));
         QCOMPARE(line.tool, QString::fromUtf8(tool));
         QCOMPARE(line.rest.trimmed(), QString::fromUtf8(rest));
+    }
+
+    void stopFailure()
+    {
+        QCOMPARE(CardText::stopFailure("rate_limit"), (CardText::ActionLine{"Stopped", "rate limit reached"}));
+        QCOMPARE(CardText::stopFailure("max_output_tokens").rest, "reply too long");
+        QCOMPARE(CardText::stopFailure("unknown").rest, "API error");
+        QCOMPARE(CardText::stopFailure("a kind of a later version").rest, "API error");
+    }
+
+    // What the agent offered, as Claude Code sends it, and the third button's words.
+    void alwaysAllow_data()
+    {
+        QTest::addColumn<QByteArray>("suggestions");
+        QTest::addColumn<QByteArray>("words");
+        test::rows(R"(
+            a folder, and edits      | [{"type":"addDirectories","directories":["/home/ada/proj"],"destination":"session"},{"type":"setMode","mode":"acceptEdits","destination":"session"}] | Always allow access to proj/
+            two folders              | [{"type":"addDirectories","directories":["/srv/a/","/srv/b"]}] | Always allow access to a/ and b/
+            a command prefix         | [{"type":"addRules","rules":[{"toolName":"Bash","ruleContent":"npm test:*"}],"behavior":"allow","destination":"localSettings"}] | Don’t ask again for npm test commands
+            three commands           | [{"type":"addRules","rules":[{"toolName":"Bash","ruleContent":"git add *"},{"toolName":"Bash","ruleContent":"make:*"},{"toolName":"Bash","ruleContent":"ls"}],"behavior":"allow"}] | Don’t ask again for git add, make and ls commands
+            a whole tool             | [{"type":"addRules","rules":[{"toolName":"WebFetch"}],"behavior":"allow"}] | Don’t ask again for WebFetch commands
+            folder and command       | [{"type":"addDirectories","directories":["/tmp/x"]},{"type":"addRules","rules":[{"toolName":"Bash","ruleContent":"touch:*"}],"behavior":"allow"}] | Allow access to x/ and touch commands
+            edits alone              | [{"type":"setMode","mode":"acceptEdits","destination":"session"}] | Allow all edits this session
+            a deny rule              | [{"type":"addRules","rules":[{"toolName":"Bash"}],"behavior":"deny"}] | Always allow
+            the root folder          | [{"type":"addDirectories","directories":["/"]}] | Always allow access to /
+            something new            | [{"type":"replaceRules","rules":[]}] | Always allow
+            not objects              | [1,"x",null] | Always allow
+        )");
+    }
+    void alwaysAllow()
+    {
+        QFETCH(QByteArray, suggestions);
+        QFETCH(QByteArray, words);
+        QCOMPARE(CardText::alwaysAllow(QJsonDocument::fromJson(suggestions).array()), QString::fromUtf8(words));
     }
 
     void statusLine_data()

@@ -7,6 +7,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -135,9 +137,30 @@ private slots:
         const QString decisions = m_fixture->home.paths().decisions();
         m_section->answer(QStringLiteral("toolu_old"), true); // the question is gone
         QVERIFY(QDir(decisions).entryList(QDir::Files).isEmpty());
+        m_section->answerAlways(QStringLiteral("toolu_1")); // the agent offered nothing to remember
+        QVERIFY(QDir(decisions).entryList(QDir::Files).isEmpty());
+        QCOMPARE(m_section->alwaysLabel(), QString());
         m_section->answer(QStringLiteral("toolu_1"), false);
         QCOMPARE(QDir(decisions).entryList(QDir::Files), QStringList{"toolu_1.json"});
         QVERIFY(test::TempHome::read(decisions + "/toolu_1.json").contains("\"deny\""));
+
+        asks.askSuggestions = QJsonArray{QJsonObject{{"type", "setMode"}, {"mode", "acceptEdits"}}};
+        m_state->apply({asks});
+        QCOMPARE(m_section->alwaysLabel(), QStringLiteral("Allow all edits this session"));
+        m_section->answerAlways(QStringLiteral("toolu_1"));
+        QVERIFY(test::TempHome::read(decisions + "/toolu_1.json").contains("\"always\""));
+    }
+
+    void failedTurnSaysWhy()
+    {
+        AgentSession failed = session("f", "done", m_clock.now());
+        failed.waitingFor = QStringLiteral("rate_limit");
+        failed.lastAction = QStringLiteral("Bash make");
+        m_state->apply({failed});
+        const SessionRow row = m_section->rows()->rows().first();
+        QCOMPARE(row.icon, StatusIcon::Done);
+        QCOMPARE(row.actionTool + " " + row.actionRest, QStringLiteral("Stopped rate limit reached"));
+        QVERIFY(!m_section->waiting());
     }
 
     void elapsedTimesMoveOnlyWhileShown()

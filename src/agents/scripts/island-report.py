@@ -14,7 +14,13 @@ except ImportError:
     _json = None
 
 EVENTS_THAT_ASK = ("Notification", "PermissionRequest")
+# Notifications that ask the person something; others (an idle reminder a minute after each turn,
+# for one) leave the session as it is. Older versions send no type at all.
+ASKING_NOTIFICATIONS = ("permission_prompt", "elicitation_dialog")
 DECISION_MAX_AGE = 600.0
+ANSWERS = ("allow", "deny", "always")
+POLL = 0.2
+WATCH_EVERY = 5  # polls
 
 
 class _ScanContext:
@@ -173,6 +179,37 @@ def question(event, payload, prev, sid, now):
     return waiting_for, ask_tool, ask_target, ask_id
 
 
+def changes_nothing(event, payload):
+    kind = payload.get("notification_type")
+    return event == "Notification" and kind is not None and kind not in ASKING_NOTIFICATIONS
+
+
+def suggestions(payload):
+    """What Claude Code offers to remember with an allow, when there is something."""
+    offered = payload.get("permission_suggestions")
+    if not isinstance(offered, list) or not offered or len(dump(offered)) > 16384:
+        return None
+    return offered
+
+
+def offered(event, payload, prev, ask_id):
+    if not ask_id:
+        return None
+    if event == "PermissionRequest":
+        return suggestions(payload)
+    # A bare notification that follows the request keeps its question, offer included.
+    return prev.get("ask_suggestions") if ask_id == prev.get("ask_id") else None
+
+
+def claude_process(prev):
+    """The Claude Code process the hook runs under: its id and start time, from the hook."""
+    fields = env("VAXO_PROCESS").split()
+    if len(fields) == 2 and all(f.isdigit() for f in fields):
+        return {"pid": int(fields[0]), "start": fields[1]}
+    process = prev.get("process")
+    return process if isinstance(process, dict) else None
+
+
 def merge(event, payload, prev, now):
     """The session record after this event, or None when the session ended."""
     sid = session_id(payload)
@@ -188,6 +225,10 @@ def merge(event, payload, prev, now):
         last_prompt = as_text(payload.get("prompt"))[:400]
     elif event == "Stop":
         status, waiting_for, last_action = "done", None, None
+    elif event == "StopFailure":
+        # An API error ended the turn; the card says which kind.
+        status, last_action = "done", None
+        waiting_for = (text(payload.get("error")) or "unknown")[:400]
     elif event in EVENTS_THAT_ASK:
         waiting_for, ask_tool, ask_target, ask_id = question(event, payload, prev, sid, now)
         status = "waiting"
@@ -217,54 +258,9 @@ def merge(event, payload, prev, now):
         "ask_tool": ask_tool,
         "ask_target": ask_target,
         "ask_id": ask_id,
+        "process": claude_process(prev),
+        "ask_suggestions": offered(event, payload, prev, ask_id),
     }
-
-
-def plain_id(ask_id):
-    # The island names decision files after a sanitised id; an id that sanitising would change is
-    # never answered, and must never lead the reporter to read or delete a file elsewhere.
-    return 0 < len(ask_id) <= 120 and all(c.isascii() and (c.isalnum() or c in "-_") for c in ask_id)
-
-
-def wait_for_decision(ask_id):
-    """The accepted decision's behaviour, or None: every doubt leaves Claude Code to ask in the terminal."""
-    folder = env("VAXO_DECISIONS")
-    if not folder or not plain_id(ask_id):
-        return None
-    try:
-        budget = float(env("VAXO_ASK_TIMEOUT") or "120")
-        if budget - budget != 0:
-            budget = 120.0
-    except ValueError:
-        budget = 120.0
-    path = folder + "/" + ask_id + ".json"
-    deadline = time.time() + budget
-    while time.time() < deadline:
-        try:
-            data = read_file(path)
-        except FileNotFoundError:
-            time.sleep(0.2)
-            continue
-        except OSError:
-            return None
-        try:
-            decision = parse(data)
-        except ValueError:
-            return None
-        try:
-            posix.unlink(path)  # single use, whatever it holds
-        except OSError:
-            pass
-        if not isinstance(decision, dict):
-            return None
-        at = decision.get("at", 0)
-        if isinstance(at, bool) or not isinstance(at, (int, float)):
-            return None
-        behavior = decision.get("behavior")
-        if behavior in ("allow", "deny") and decision.get("id") == ask_id and time.time() - at < DECISION_MAX_AGE:
-            return behavior
-        return None
-    return None
 
 
 def write_record(out, sid, record):
@@ -278,11 +274,13 @@ def write_record(out, sid, record):
             posix.chmod(folder, 0o700)
         write_file(tmp, dump(record).encode("ascii"))
         posix.rename(tmp, out)
-    except OSError:
+    except BaseException as error:
         try:
             posix.unlink(tmp)
         except OSError:
             pass
+        if not isinstance(error, OSError):
+            raise
 
 
 def report():
@@ -297,6 +295,8 @@ def report():
     sid = session_id(payload)
     sessions = env("VAXO_SESSIONS")
     out = env("VAXO_OUT") or (sessions + "/" + sid + ".json" if sessions else "")
+    if changes_nothing(event, payload):
+        return
     record = merge(event, payload, load_object(out) if out else {}, time.time())
     if record is None:
         try:
@@ -304,13 +304,239 @@ def report():
         except OSError:
             pass
         return
+    waiting = None
+    if event == "PermissionRequest" and record["ask_id"]:
+        waiting = dict(globals())
+        exec(WAITING, waiting)
+        waiting["prepare"]()  # before the question shows: the answer may come at once
     if out:
         write_record(out, sid, record)
-    if event == "PermissionRequest" and record["ask_id"]:
-        behavior = wait_for_decision(record["ask_id"])
-        if behavior:
-            sys.stdout.write('{"hookSpecificOutput":{"hookEventName":"PermissionRequest",'
-                             '"decision":{"behavior":"%s"}}}\n' % behavior)
+    if waiting:
+        waiting["answer"](payload, record, out)
+
+
+# The wait for the island's answer, compiled only when a permission request waits: Claude Code runs
+# the reporter in line on every tool call, and Python compiles all of a script's text at each start.
+WAITING = r'''
+def plain_id(ask_id):
+    # The island names decision files after a sanitised id; an id that sanitising would change is
+    # never answered, and must never lead the reporter to read or delete a file elsewhere.
+    return 0 < len(ask_id) <= 120 and all(c.isascii() and (c.isalnum() or c in "-_") for c in ask_id)
+
+
+def budget():
+    try:
+        seconds = float(env("VAXO_ASK_TIMEOUT") or "120")
+    except ValueError:
+        return 120.0
+    return seconds if seconds - seconds == 0 else 120.0
+
+
+def read_decision(path, ask_id):
+    """The accepted answer in the decision file; None when there is none yet, "" for a refused file."""
+    try:
+        data = read_file(path)
+    except FileNotFoundError:
+        return None
+    except OSError:
+        return ""
+    try:
+        decision = parse(data)
+    except ValueError:
+        return ""
+    try:
+        posix.unlink(path)  # single use, whatever it holds
+    except OSError:
+        pass
+    if not isinstance(decision, dict):
+        return ""
+    at = decision.get("at", 0)
+    if isinstance(at, bool) or not isinstance(at, (int, float)):
+        return ""
+    behavior = decision.get("behavior")
+    if behavior in ANSWERS and decision.get("id") == ask_id and time.time() - at < DECISION_MAX_AGE:
+        return behavior
+    return ""
+
+
+def wait_for_decision(ask_id, watch):
+    """The accepted answer, or None: every doubt leaves Claude Code to ask in the terminal. Ends
+    early, with what the session became, when the question was answered in the terminal."""
+    folder = env("VAXO_DECISIONS")
+    if not folder or not plain_id(ask_id):
+        return None, None
+    path = folder + "/" + ask_id + ".json"
+    deadline = time.time() + budget()
+    polls = 0
+    while time.time() < deadline:
+        # A missing file costs less to see without an exception.
+        behavior = read_decision(path, ask_id) if posix.access(path, posix.F_OK) else None
+        if behavior is not None:
+            return behavior or None, None
+        # The terminal's answer ends the hook at once (SIGTERM); this look, once a second, is for
+        # whatever else moves the turn on.
+        polls += 1
+        moved = watch.moved_on() if polls % WATCH_EVERY == 0 else None
+        if moved:
+            return None, moved
+        time.sleep(POLL)
+    return None, None
+
+
+def stamp(path):
+    try:
+        st = posix.stat(path)
+    except OSError:
+        return None
+    return st.st_ino, st.st_size, st.st_mtime_ns
+
+
+class TurnWatch:
+    """Notices a question answered in the terminal, where no hook tells: Claude Code's own status
+    of its process, the transcript it appends the turn to, and the session's file. Each is read only
+    when it changed, and of the transcript only what was appended after the request."""
+
+    REFUSALS = (b"The user doesn't want to proceed", b"[Request interrupted by user")
+
+    def __init__(self, payload, record, out):
+        self.out, self.sid, self.ask_id = out, record["id"], record["ask_id"]
+        self.session = stamp(out)
+        self.transcript, self.pending = None, b""
+        path = text(payload.get("transcript_path"))
+        try:
+            self.transcript = posix.open(path, posix.O_RDONLY) if path else None
+            if self.transcript is not None:
+                posix.lseek(self.transcript, 0, 2)
+        except OSError:
+            self.transcript = None
+        process = record.get("process") or {}
+        claude = env("CLAUDE_CONFIG_DIR") or (env("HOME") + "/.claude")
+        self.status_path = "%s/sessions/%d.json" % (claude, process["pid"]) if process else None
+        self.start = process.get("start")
+        self.status, self.seen_waiting, self.since = None, False, time.time() * 1000
+
+    def moved_on(self):
+        """"working" or "done" once the turn went on without the island; "gone" when another event
+        already replaced the question or ended the session; else None."""
+        return self.replaced() or self.claude_status() or self.refused()
+
+    def replaced(self):
+        now = stamp(self.out)
+        if now == self.session:
+            return None
+        self.session = now
+        return "gone" if now is None or load_object(self.out).get("ask_id") != self.ask_id else None
+
+    def claude_status(self):
+        # Claude Code keeps sessions/<pid>.json with "status" idle, busy or waiting, rewritten as
+        # it changes: a prompt answered either way leaves "waiting" at once. Any other status set
+        # since the request (or after its "waiting") is an answer.
+        now = stamp(self.status_path) if self.status_path else None
+        if now is None or now == self.status:
+            return None
+        self.status = now
+        state = load_object(self.status_path)
+        if state.get("sessionId") != self.sid or str(state.get("procStart", self.start)) != self.start:
+            return None
+        changed = state.get("statusUpdatedAt")
+        if state.get("status") == "waiting":
+            self.seen_waiting = True
+        elif self.seen_waiting or (isinstance(changed, (int, float)) and changed >= self.since):
+            return {"busy": "working", "idle": "done"}.get(state.get("status"))
+        return None
+
+    def refused(self):
+        # A refusal appends the call's result (the user does not want to proceed) at once.
+        if self.transcript is None:
+            return None
+        while True:
+            chunk = posix.read(self.transcript, 1 << 16)
+            if not chunk:
+                break
+            self.pending = (self.pending + chunk)[-(1 << 22):]
+        lines = self.pending.split(b"\n")
+        self.pending = lines.pop()
+        for line in lines:
+            if any(mark in line for mark in self.REFUSALS) and refusal(line):
+                return "done"
+        return None
+
+    def settle(self):
+        """What the session became once the question went, judged within half a second; the turn
+        went on when nothing says otherwise (a Claude Code that quit takes its session along)."""
+        deadline = time.time() + 0.5
+        while True:
+            moved = self.moved_on()
+            if moved or time.time() > deadline:
+                return moved or "working"
+            time.sleep(0.05)
+
+    def record_move(self, status):
+        """Writes what the session became, unless another event already moved it on."""
+        prev = load_object(self.out)
+        if status == "gone" or prev.get("ask_id") != self.ask_id:
+            return
+        prev.update(status=status, updated=time.time(), waiting_for=None, ask_tool=None, ask_target=None,
+                    ask_id=None, ask_suggestions=None)
+        write_record(self.out, self.sid, prev)
+
+
+def refusal(line):
+    try:
+        entry = parse(line)
+        blocks = entry["message"]["content"]
+        if entry.get("type") != "user" or not isinstance(blocks, list):
+            return False
+    except (ValueError, KeyError, TypeError):
+        return False
+    for block in blocks:
+        if not isinstance(block, dict):
+            continue
+        said = block.get("content") if block.get("type") == "tool_result" else block.get("text")
+        if isinstance(said, str) and said.encode("utf-8", "replace").startswith(TurnWatch.REFUSALS):
+            return True
+    return False
+
+
+def prepare():
+    # Claude Code ends the hook (SIGTERM, then SIGKILL a second or so later) when the question is
+    # answered in its terminal: what happened is then settled from what it left behind.
+    import _signal
+    _signal.signal(_signal.SIGTERM, answered_elsewhere)
+
+
+class AnsweredElsewhere(Exception):
+    pass
+
+
+def answered_elsewhere(signum, frame):
+    raise AnsweredElsewhere()
+
+
+def answer(payload, record, out):
+    """Waits for the island's answer and prints it, or records how the turn went on without it."""
+    watch = TurnWatch(payload, record, out)
+    try:
+        behavior, moved = wait_for_decision(record["ask_id"], watch)
+    except AnsweredElsewhere:
+        import _signal
+        _signal.signal(_signal.SIGTERM, _signal.SIG_IGN)
+        behavior, moved = None, watch.settle()
+    if moved:
+        watch.record_move(moved)
+    elif behavior:
+        sys.stdout.write(decision_output(behavior, payload))
+
+
+def decision_output(behavior, payload):
+    decision = {"behavior": "deny" if behavior == "deny" else "allow"}
+    if behavior == "always":
+        offer = suggestions(payload)
+        if offer is None:
+            return ""  # nothing to remember: an "always" the terminal never offered is refused
+        decision["updatedPermissions"] = offer
+    return dump({"hookSpecificOutput": {"hookEventName": "PermissionRequest", "decision": decision}}) + "\n"
+'''
 
 
 def main():

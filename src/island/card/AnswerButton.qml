@@ -8,6 +8,8 @@ Item {
     required property string label
     required property bool allow
     required property color green
+    // An allow that goes further than this once: green words on a faint green.
+    property bool soft: false
 
     signal clicked
 
@@ -17,7 +19,8 @@ Item {
     Rectangle {
         anchors.fill: parent
         radius: 8
-        color: button.allow ? Qt.rgba(button.green.r, button.green.g, button.green.b, 0.9) : Qt.rgba(1, 1, 1, 0.14)
+        color: button.allow ? Qt.rgba(button.green.r, button.green.g, button.green.b, button.soft ? 0.18 : 0.9)
+                            : Qt.rgba(1, 1, 1, 0.14)
     }
     Rectangle {
         anchors.fill: parent
@@ -28,8 +31,10 @@ Item {
     Text {
         id: text
         anchors.centerIn: parent
+        width: Math.min(implicitWidth, button.width - 20)
+        elide: Text.ElideRight
         text: button.label
-        color: button.allow ? "black" : Qt.rgba(1, 1, 1, 0.9)
+        color: button.soft ? button.green : button.allow ? "black" : Qt.rgba(1, 1, 1, 0.9)
         font.family: "Inter"
         font.pixelSize: 12
         font.weight: Font.Black

@@ -3,8 +3,8 @@ import QtQuick.Window
 import Vaxo.Island
 
 // The session that waits for the user: the caption, which session it is, what it asks to do, and the
-// answer buttons when the island can answer; below, how many more wait. A click on the caption or the
-// session brings its terminal to the front.
+// answer buttons when the island can answer (a third where the agent offers to remember the answer);
+// below, how many more wait. A click on the caption or the session brings its terminal to the front.
 Column {
     id: panel
 
@@ -126,6 +126,18 @@ Column {
             green: panel.root.look.done
             onClicked: panel.section.answer(panel.section.askId, true)
         }
+    }
+
+    // Allow, and let the agent remember what it offered, worded as its terminal words it.
+    AnswerButton {
+        objectName: "alwaysButton"
+        visible: panel.section.answerable && panel.section.alwaysLabel.length > 0
+        width: Math.min(implicitWidth, panel.width)
+        label: panel.section.alwaysLabel
+        allow: true
+        soft: true
+        green: panel.root.look.done
+        onClicked: panel.section.answerAlways(panel.section.askId)
     }
 
     Text {

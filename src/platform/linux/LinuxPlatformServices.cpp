@@ -17,6 +17,7 @@
 
 #include "platform/linux/CanberraSoundPlayer.h"
 #include "platform/linux/InotifyFolderWatcher.h"
+#include "platform/linux/PidfdProcessWatcher.h"
 #include "platform/linux/X11DesktopWindows.h"
 #include "platform/linux/X11FrontmostApp.h"
 #include "platform/linux/X11PanelShell.h"
@@ -28,6 +29,11 @@ namespace vaxo {
 FolderWatcher *PlatformServices::newFolderWatcher(QObject *parent)
 {
     return new linux_platform::InotifyFolderWatcher(parent);
+}
+
+ProcessWatcher *PlatformServices::newProcessWatcher(QObject *parent)
+{
+    return new linux_platform::PidfdProcessWatcher(parent);
 }
 
 PlatformServices::PlatformServices() = default;
