@@ -8,6 +8,8 @@
 #include "app/IslandScheduler.h"
 #include "app/IslandSettings.h"
 #include "clipboard/IslandClipboard.h"
+#include "face/FaceAssets.h"
+#include "face/MoodArt.h"
 #include "island/IslandController.h"
 #include "island/IslandLook.h"
 #include "island/IslandState.h"
@@ -22,6 +24,7 @@
 #include "platform/PointerMonitor.h"
 #include "platform/SoundPlayer.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
 
@@ -50,10 +53,19 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_sessions = std::make_unique<SessionsSection>(*m_state, *m_decisions, clock);
     m_look = std::make_unique<IslandLook>(*m_settings, *m_state);
     m_settingsCard = std::make_unique<SettingsCard>(m_paths.backgrounds());
+    // Built-in artwork would sit beside the program, in "share/vaxo-island/Face"; none is installed, so
+    // the drawn face is the built-in art.
+    const QString bundled = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vaxo-island/Face");
+    m_face = std::make_unique<FaceAssets>(FaceAssets::Folders{m_paths.face(), bundled, m_paths.faceFrames()}, clock,
+                                          PlatformServices::newFolderWatcher(), *m_platform.artDecoder);
+    m_face->load();
+    m_face->watch();
+    m_moodArt = std::make_unique<MoodArt>(*m_face, *m_state);
 
     const IslandRoot::Parts parts{m_state.get(),     m_settings.get(),     m_sessions.get(),
                                   m_clipboard.get(), m_music.get(),        m_activity.get(),
-                                  m_look.get(),      m_settingsCard.get(), m_paths.backgrounds()};
+                                  m_look.get(),      m_settingsCard.get(), m_paths.backgrounds(),
+                                  m_moodArt.get()};
     // The feeders in the order the island starts them: sessions, then media, then the clipboard.
     m_controller = std::make_unique<IslandController>(
         parts, QList<Feeder *>{m_state.get(), m_media.get(), m_clipboard.get()}, *m_scheduler,

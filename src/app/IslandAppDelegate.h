@@ -11,6 +11,7 @@ namespace vaxo {
 
 class AppActivity;
 class AskDecision;
+class FaceAssets;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
@@ -18,6 +19,7 @@ class IslandMedia;
 class IslandScheduler;
 class IslandSettings;
 class IslandState;
+class MoodArt;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -54,6 +56,8 @@ private:
     std::unique_ptr<SessionsSection> m_sessions;
     std::unique_ptr<IslandLook> m_look;
     std::unique_ptr<SettingsCard> m_settingsCard;
+    std::unique_ptr<FaceAssets> m_face;
+    std::unique_ptr<MoodArt> m_moodArt;
     std::unique_ptr<IslandController> m_controller;
 };
 

@@ -8,6 +8,7 @@ class QQmlEngine;
 Q_MOC_INCLUDE("app/AppActivity.h")
 Q_MOC_INCLUDE("app/IslandSettings.h")
 Q_MOC_INCLUDE("clipboard/IslandClipboard.h")
+Q_MOC_INCLUDE("face/MoodArt.h")
 Q_MOC_INCLUDE("island/CardLabels.h")
 Q_MOC_INCLUDE("island/CardMeasures.h")
 Q_MOC_INCLUDE("island/IslandController.h")
@@ -27,6 +28,7 @@ class IslandController;
 class IslandLook;
 class IslandSettings;
 class IslandState;
+class MoodArt;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -47,6 +49,7 @@ class IslandRoot : public QObject {
     Q_PROPERTY(vaxo::CardMeasures *measures READ measures CONSTANT)
     Q_PROPERTY(vaxo::CardLabels *labels READ labels CONSTANT)
     Q_PROPERTY(vaxo::SettingsCard *settingsCard READ settingsCard CONSTANT)
+    Q_PROPERTY(vaxo::MoodArt *face READ face CONSTANT)
 
 public:
     // The long-lived objects the views read; the composition root owns them.
@@ -60,6 +63,7 @@ public:
         IslandLook *look;
         SettingsCard *settingsCard;
         QString backgrounds; // the folder of backdrop images
+        MoodArt *face;       // the artwork of the character's mood
     };
 
     IslandRoot(const Parts &parts, IslandController *controller, QObject *parent = nullptr);
@@ -75,6 +79,7 @@ public:
     CardMeasures *measures() const { return m_measures; }
     CardLabels *labels() const { return m_labels; }
     SettingsCard *settingsCard() const { return m_parts.settingsCard; }
+    MoodArt *face() const { return m_parts.face; }
 
     // The images the views ask for by URL: clip thumbnails and backdrops.
     void installImageProviders(QQmlEngine &engine) const;

@@ -9,6 +9,9 @@
 #include "clipboard/ClipKind.h"
 #include "clipboard/ClipListModel.h"
 #include "clipboard/IslandClipboard.h"
+#include "face/DrawnFace.h"
+#include "face/FaceVideo.h"
+#include "face/MoodArt.h"
 #include "island/CardLabels.h"
 #include "island/CardMeasures.h"
 #include "island/IslandController.h"
@@ -54,6 +57,18 @@ struct ClipListModelForeign {
     QML_UNCREATABLE("Made by the program")
 };
 
+struct DrawnFaceForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::DrawnFace)
+    QML_NAMED_ELEMENT(DrawnFace)
+};
+
+struct FaceVideoForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::FaceVideo)
+    QML_NAMED_ELEMENT(FaceVideo)
+};
+
 struct IslandClipboardForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandClipboard)
@@ -86,6 +101,13 @@ struct IslandStateForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandState)
     QML_NAMED_ELEMENT(IslandState)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct MoodArtForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::MoodArt)
+    QML_NAMED_ELEMENT(MoodArt)
     QML_UNCREATABLE("Made by the program")
 };
 

@@ -7,6 +7,7 @@ class QObject;
 namespace vaxo {
 
 class ActivityPlatform;
+class ArtDecoder;
 class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
@@ -31,6 +32,7 @@ struct PlatformServices {
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<FrontmostApp> frontmost;
     std::unique_ptr<MediaPlayers> media;
+    std::unique_ptr<ArtDecoder> artDecoder;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);

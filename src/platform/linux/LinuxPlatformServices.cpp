@@ -5,6 +5,7 @@
 #include "platform/ActivityPlatform.h"
 #include "platform/linux/LinuxActivityPlatform.h"
 #include "platform/linux/MprisMediaPlayers.h"
+#include "platform/linux/QtArtDecoder.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SystemLog.h"
 #include "platform/linux/TerminationSignals.h"
@@ -45,6 +46,7 @@ PlatformServices PlatformServices::make()
     services.frontmost = std::make_unique<linux_platform::X11FrontmostApp>();
     services.media =
         std::make_unique<linux_platform::MprisMediaPlayers>(QDBusConnection::sessionBus(), Clock::system());
+    services.artDecoder = std::make_unique<linux_platform::QtArtDecoder>();
     return services;
 }
 
