@@ -11,12 +11,12 @@
 
 namespace vaxo {
 
-DrawnFace::DrawnFace(QQuickItem *parent) : QQuickPaintedItem(parent)
+DrawnFace::DrawnFace(QQuickItem *parent) : QQuickPaintedItem(parent), m_clock(new QTimer(this))
 {
     setAntialiasing(true);
-    m_clock.setSingleShot(true);
-    m_clock.setTimerType(Qt::PreciseTimer);
-    connect(&m_clock, &QTimer::timeout, this, &DrawnFace::tick);
+    m_clock->setSingleShot(true);
+    m_clock->setTimerType(Qt::PreciseTimer);
+    connect(m_clock, &QTimer::timeout, this, &DrawnFace::tick);
 }
 
 double DrawnFace::now()
@@ -63,7 +63,7 @@ void DrawnFace::setAnimating(bool animating)
     if (animating) {
         tick();
     } else {
-        m_clock.stop();
+        m_clock->stop();
         update();
     }
 }
@@ -74,9 +74,9 @@ void DrawnFace::tick()
     update();
     const double next = IslandFace::nextFrame(m_mood, m_calm, m_time, m_changedAt);
     if (std::isfinite(next))
-        m_clock.start(std::max(1, int(std::ceil((next - m_time) * 1000))));
+        m_clock->start(std::max(1, int(std::ceil((next - m_time) * 1000))));
     else
-        m_clock.stop();
+        m_clock->stop();
 }
 
 void DrawnFace::paint(QPainter *painter)

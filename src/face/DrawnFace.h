@@ -43,7 +43,7 @@ private:
     void tick();
     static double now(); // seconds on a steady clock, shared by every face so that they blink together
 
-    QTimer m_clock;
+    QTimer *m_clock;
     Mood m_mood = Mood::Resting;
     QColor m_color = QColor(0x0a, 0x84, 0xff);
     bool m_calm = false;

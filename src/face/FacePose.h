@@ -23,6 +23,8 @@ struct FacePose {
     double glow = 0;    // 0..1: the antenna's bulb lights up on a beat
     bool sweat = false; // a drop beside her forehead
     bool blush = false; // rosier cheeks
+
+    bool operator==(const FacePose &) const = default;
 };
 
 } // namespace vaxo

@@ -18,6 +18,7 @@ constexpr double kQuick = 1.0 / 30; // frame step of blinks, glances and her sta
 constexpr double kBeat = 1.0 / 24;  // frame step of beats and hops
 constexpr double kBreath = 0.1;     // frame step of the slow breath of sleep
 constexpr double kGlance = 0.1;     // how long her eyes take to move to the next place
+constexpr double kSettle = 1e-6;    // the last frame of a movement falls just after it, surely at rest
 constexpr double kPi = std::numbers::pi;
 
 double frac(double x)
@@ -135,10 +136,11 @@ double IslandFace::nextFrame(Mood mood, bool calm, double t, double changedAt)
     double next = std::numeric_limits<double>::infinity();
     // A movement from start for length seconds, drawn every step.
     const auto movement = [&](double start, double length, double step) {
+        const double end = start + length + kSettle;
         if (t < start)
             next = std::min(next, start);
-        else if (t < start + length)
-            next = std::min({next, t + step, start + length});
+        else if (t < end)
+            next = std::min({next, t + step, end});
     };
     if (m.blinks) {
         const double n = std::floor(t / kBlinkPeriod);

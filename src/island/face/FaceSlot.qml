@@ -36,6 +36,7 @@ Item {
         }
 
         FaceStill {
+            objectName: "faceStill"
             anchors.fill: parent
             visible: slot.art.kind === MoodArt.Still
             art: slot.art
