@@ -17,6 +17,7 @@ PACKAGES=(
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
   python3 procps sound-theme-freedesktop fonts-inter fonts-jetbrains-mono
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+  qt6-image-formats-plugins qt6-image-formats-plugin-pdf
   # tests and headless runs
   xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm hsetroot
   dbus dbus-x11 tmux

@@ -32,9 +32,11 @@ void FaceFeatures::draw() const
     const double h = body.height();
     const QPointF gaze(pose.gazeX * w * 0.06, pose.gazeY * h * 0.06);
     const QPointF eyes(50 + gaze.x(), body.top() + h * 0.46 + gaze.y());
-    const double eyeW = w * 0.15 * pose.eyeScale;
-    const double eyeH = h * 0.25 * pose.eyeScale;
-    const double apart = w * 0.2;
+    // Where only a few pixels are hers, her eyes are all there is of her face: larger, further apart.
+    const double tiny = std::clamp((28 - pixels) / 10, 0.0, 1.0);
+    const double eyeW = w * 0.15 * pose.eyeScale * (1 + 0.4 * tiny);
+    const double eyeH = h * 0.25 * pose.eyeScale * (1 + 0.25 * tiny);
+    const double apart = w * (0.2 + 0.03 * tiny);
 
     p.setPen(Qt::NoPen);
     if (pixels >= FacePainter::kCheeksFrom) {
@@ -91,8 +93,10 @@ void FaceFeatures::eye(QPointF c, double w, double h) const
     if (pixels >= FacePainter::kShineFrom && pose.openness > 0.5) {
         p.setBrush(Qt::white);
         const double top = ball.top() + ball.height() * 0.42 * pose.lid;
-        p.drawEllipse(QPointF(c.x() - w * 0.14, top + (ball.bottom() - top) * 0.3), w * 0.2, w * 0.2);
-        p.drawEllipse(QPointF(c.x() + w * 0.17, top + (ball.bottom() - top) * 0.7), w * 0.09, w * 0.09);
+        const double shine = std::max(w * 0.2, 0.75 * px);
+        p.drawEllipse(QPointF(c.x() - w * 0.14, top + (ball.bottom() - top) * 0.3), shine, shine);
+        if (pixels >= FacePainter::kCheeksFrom)
+            p.drawEllipse(QPointF(c.x() + w * 0.17, top + (ball.bottom() - top) * 0.7), w * 0.09, w * 0.09);
     }
 }
 

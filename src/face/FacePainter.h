@@ -16,7 +16,7 @@ class FacePainter {
 public:
     static void paint(QPainter &painter, double side, double pixels, const FacePose &pose, const QColor &color);
 
-    static constexpr double kShineFrom = 24;  // device pixels from which her eyes shine
+    static constexpr double kShineFrom = 16;  // device pixels from which her eyes shine
     static constexpr double kMouthFrom = 22;  // her mouth
     static constexpr double kCheeksFrom = 32; // cheeks, body highlight, sweat
     static constexpr double kBrowsFrom = 40;

@@ -40,11 +40,9 @@ void FaceVideo::setPlaying(bool playing)
     if (playing == m_wantsPlay)
         return;
     m_wantsPlay = playing;
-    // A clip that played once stays on its last frame rather than starting over.
-    if (m_player && playing && !m_ended)
-        m_player->play();
-    else if (m_player && !playing)
-        m_player->pause();
+    // A clip that played once stays on its last frame: the stopped player would start over.
+    if (m_player && !m_ended)
+        playing ? m_player->play() : m_player->pause();
     emit playingChanged();
 }
 
@@ -55,10 +53,10 @@ void FaceVideo::load(const QUrl &url)
     if (url.isEmpty())
         return;
     // No audio output: the player is mute.
-    m_player = std::make_unique<QMediaPlayer>();
+    m_player = new QMediaPlayer(this);
     m_player->setVideoSink(&m_sink);
     m_player->setLoops(m_loops ? QMediaPlayer::Infinite : QMediaPlayer::Once);
-    connect(m_player.get(), &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus status) {
+    connect(m_player, &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus status) {
         if (status == QMediaPlayer::EndOfMedia && !m_loops)
             m_ended = true;
     });
@@ -74,7 +72,8 @@ void FaceVideo::teardown()
     if (m_player) {
         m_player->stop();
         m_player->setVideoSink(nullptr);
-        m_player.reset();
+        delete m_player;
+        m_player = nullptr;
     }
     m_loaded.clear();
     m_ended = false;

@@ -5,8 +5,6 @@
 #include <QUrl>
 #include <QVideoSink>
 
-#include <memory>
-
 class QMediaPlayer;
 class QVideoFrame;
 
@@ -48,7 +46,7 @@ private:
     void teardown();
     void showFrame(const QVideoFrame &frame);
 
-    std::unique_ptr<QMediaPlayer> m_player;
+    QMediaPlayer *m_player = nullptr; // a child of this item while a file is loaded
     QVideoSink m_sink;
     QUrl m_loaded;
     QImage m_frame;

@@ -146,14 +146,18 @@ void FaceAssetsTest::userArtHidesBuiltInArtPerMood()
 void FaceAssetsTest::fileNames()
 {
     Assets a;
-    for (const char *name : {"Working.PNG", "workingface.png", ".working.png", "working.txt", "Sleeping_03.JPEG"})
+    for (const char *name : {"Working.PNG", "workingface.png", ".working.png", "working.txt", "Sleeping_03.JPEG",
+                             "resting.svg", "waiting.pdf", "busy-1.tiff", "busy-2.gif"})
         FaceFiles::still(a.user(name), Qt::green);
     test::TempHome::write(a.user("pleased.png"), "not an image");
     a.assets.load();
     QCOMPARE(a.frameNames("working"), QStringList{"Working.PNG"});
     QCOMPARE(a.frameNames("sleeping"), QStringList{"Sleeping_03.JPEG"});
+    QCOMPARE(a.frameNames("resting"), QStringList{"resting.svg"});
+    QCOMPARE(a.frameNames("waiting"), QStringList{"waiting.pdf"});
+    QCOMPARE(a.frameNames("busy"), QStringList{"busy-1.tiff"});
     QVERIFY(!a.assets.clips().contains("pleased"));
-    QCOMPARE(a.assets.clips().size(), 2);
+    QCOMPARE(a.assets.clips().size(), 5);
 }
 
 void FaceAssetsTest::controlFiles_data()

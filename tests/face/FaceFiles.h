@@ -17,11 +17,12 @@ struct FaceFiles {
     QString bundled(const QString &name) const { return home.root() + QStringLiteral("/bundled/") + name; }
     FaceAssets::Folders folders() const;
 
-    // An 8 by 8 image of one colour, in the format its extension names (PNG for other names).
+    // A small image of one colour, in the format its extension names (SVG and PDF too; PNG for names
+    // that are no image format).
     static void still(const QString &path, const QColor &color);
-    // A one-second H.264 video of one colour (an ffmpeg colour name), width by height; false when
-    // ffmpeg fails.
-    static bool video(const QString &path, const char *color, int width, int height);
+    // A one-second H.264 video of one colour (an ffmpeg colour name), width by height, or of two colours
+    // half a second each; false when ffmpeg fails.
+    static bool video(const QString &path, const char *color, int width, int height, const char *then = nullptr);
     // The middle of the image at url is close to color.
     static bool isMostly(const QUrl &url, const QColor &color);
 };
