@@ -132,26 +132,6 @@ void FaceAssets::scheduleReload()
     m_reload->start(kReloadDelay);
 }
 
-void FaceAssets::preparePoster(const QUrl &url, const QString &mood, bool isUser)
-{
-    const int load = m_loads;
-    QMetaObject::invokeMethod(m_decodeContext, [this, url, mood, isUser, load] {
-        const QList<QUrl> poster = frames(url, 1, 512, 1);
-        QMetaObject::invokeMethod(this, [=, this] { installPoster(url, mood, isUser, poster, load); });
-    });
-}
-
-void FaceAssets::installPoster(const QUrl &url, const QString &mood, bool isUser, const QList<QUrl> &frames, int load)
-{
-    // A still clip beats a video of the same mood; a poster of an earlier load may show a file that is gone.
-    if (frames.isEmpty() || load != m_loads || m_clips.contains(mood))
-        return;
-    m_clips.insert(mood, Clip{frames, false, url, mood != QLatin1String("sleeping")});
-    if (isUser)
-        m_userMoods.insert(mood);
-    bump();
-}
-
 void FaceAssets::bump()
 {
     ++m_generation;

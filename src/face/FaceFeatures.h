@@ -2,6 +2,7 @@
 
 #include "face/FacePose.h"
 
+#include <QPen>
 #include <QRectF>
 
 class QPainter;
@@ -26,6 +27,9 @@ private:
     void sweat() const;
     // A line width in units that is never thinner than minPixels device pixels.
     double line(double units, double minPixels = 1.2) const;
+    // An ink pen, for her eyes, mouth and eyebrows.
+    static QPen ink(double width);
+    static QColor inkColor();
 };
 
 } // namespace vaxo

@@ -1,4 +1,4 @@
-// FaceAssets: video frames through the on-disk frame cache.
+// FaceAssets: video posters, decoded on the decode thread through the on-disk frame cache.
 #include "face/FaceAssets.h"
 
 #include "platform/ArtDecoder.h"
@@ -37,6 +37,26 @@ QList<QUrl> FaceAssets::frames(const QUrl &url, int maxFrames, int maxEdge, doub
         found << QUrl::fromLocalFile(saved(i));
     }
     return found;
+}
+
+void FaceAssets::preparePoster(const QUrl &url, const QString &mood, bool isUser)
+{
+    const int load = m_loads;
+    QMetaObject::invokeMethod(m_decodeContext, [this, url, mood, isUser, load] {
+        const QList<QUrl> poster = frames(url, 1, 512, 1);
+        QMetaObject::invokeMethod(this, [=, this] { installPoster(url, mood, isUser, poster, load); });
+    });
+}
+
+void FaceAssets::installPoster(const QUrl &url, const QString &mood, bool isUser, const QList<QUrl> &frames, int load)
+{
+    // A still clip beats a video of the same mood; a poster of an earlier load may show a file that is gone.
+    if (frames.isEmpty() || load != m_loads || m_clips.contains(mood))
+        return;
+    m_clips.insert(mood, Clip{frames, false, url, mood != QLatin1String("sleeping")});
+    if (isUser)
+        m_userMoods.insert(mood);
+    bump();
 }
 
 } // namespace vaxo

@@ -38,6 +38,17 @@ struct FaceManner {
     Beat beatIn(bool calm) const { return calm && beat != Beat::Breath ? Beat::None : beat; }
 
     static const FaceManner &of(Mood mood);
+
+    // Timing that her look and her frame clock share, in seconds.
+    static constexpr double kBlinkPeriod = 5.5;
+    static constexpr double kBlinkLength = 0.26;
+    static constexpr double kGlance = 0.1; // her eyes move to the next place this fast
+    // The hash of blink period n, in [0, 1): when in the period she blinks, and whether twice.
+    static double periodHash(double n)
+    {
+        const double x = std::sin(n * 12.9898) * 43758.5453;
+        return x - std::floor(x);
+    }
 };
 
 } // namespace vaxo

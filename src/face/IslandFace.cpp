@@ -4,32 +4,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 namespace vaxo {
 namespace {
 
-constexpr double kBlinkPeriod = 5.5;
-constexpr double kBlinkLength = 0.26;
+constexpr double kBlinkPeriod = FaceManner::kBlinkPeriod;
+constexpr double kBlinkLength = FaceManner::kBlinkLength;
 constexpr double kClosing = 0.085;
 constexpr double kOpening = 0.175;
-constexpr double kQuick = 1.0 / 30; // frame step of blinks, glances and her start
-constexpr double kBeat = 1.0 / 24;  // frame step of beats and hops
-constexpr double kBreath = 0.1;     // frame step of the slow breath of sleep
-constexpr double kGlance = 0.1;     // how long her eyes take to move to the next place
-constexpr double kSettle = 1e-6;    // the last frame of a movement falls just after it, surely at rest
+constexpr double kGlance = FaceManner::kGlance;
 constexpr double kPi = std::numbers::pi;
-
-double frac(double x)
-{
-    return x - std::floor(x);
-}
-
-double periodHash(double n)
-{
-    return frac(std::sin(n * 12.9898) * 43758.5453);
-}
 
 // One blink's openness, x seconds after it began.
 double blinkShape(double x)
@@ -90,10 +75,10 @@ void applyBeat(FaceManner::Beat beat, double k, FacePose &p)
 double IslandFace::blink(double t)
 {
     const double n = std::floor(t / kBlinkPeriod);
-    const double h1 = periodHash(n);
+    const double h1 = FaceManner::periodHash(n);
     const double s1 = 3.2 + 1.2 * h1;
     const double o1 = blinkShape(t - n * kBlinkPeriod - s1);
-    const double h2 = periodHash(n + 7919);
+    const double h2 = FaceManner::periodHash(n + 7919);
     if (!(h2 < 0.4))
         return o1;
     const double s2 = s1 + 0.3 + 0.12 * h1;
@@ -128,50 +113,6 @@ FacePose IslandFace::pose(Mood mood, bool calm, double t, double changedAt)
 FacePose IslandFace::still(Mood mood)
 {
     return FaceManner::of(mood).rest;
-}
-
-double IslandFace::nextFrame(Mood mood, bool calm, double t, double changedAt)
-{
-    const FaceManner &m = FaceManner::of(mood);
-    double next = std::numeric_limits<double>::infinity();
-    // A movement from start for length seconds, drawn every step.
-    const auto movement = [&](double start, double length, double step) {
-        const double end = start + length + kSettle;
-        if (t < start)
-            next = std::min(next, start);
-        else if (t < end)
-            next = std::min({next, t + step, end});
-    };
-    if (m.blinks) {
-        const double n = std::floor(t / kBlinkPeriod);
-        for (double period : {n, n + 1}) {
-            const double start = period * kBlinkPeriod + 3.2 + 1.2 * periodHash(period);
-            movement(start, kBlinkLength, kQuick);
-            if (periodHash(period + 7919) < 0.4)
-                movement(start + 0.3 + 0.12 * periodHash(period), kBlinkLength, kQuick);
-        }
-    }
-    if (m.glanceStep > 0) {
-        // The next glance that goes somewhere; staying in place is no movement.
-        const double k = std::floor(t / m.glanceStep);
-        for (int i = 0; i <= m.glanceCount; ++i) {
-            if (m.glance(k + i) != m.glance(k + i - 1)) {
-                movement((k + i) * m.glanceStep, kGlance, kQuick);
-                if ((k + i) * m.glanceStep > t)
-                    break;
-            }
-        }
-    }
-    const FaceManner::Beat beat = m.beatIn(calm);
-    if (beat == FaceManner::Beat::Breath) {
-        next = std::min(next, t + kBreath);
-    } else if (beat != FaceManner::Beat::None) {
-        const double k = std::floor(t / m.beatPeriod);
-        movement(k * m.beatPeriod, m.beatLength, kBeat);
-        movement((k + 1) * m.beatPeriod, m.beatLength, kBeat);
-    }
-    movement(changedAt, kStartLength, kQuick);
-    return next;
 }
 
 } // namespace vaxo
