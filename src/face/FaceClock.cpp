@@ -11,7 +11,7 @@ namespace vaxo {
 namespace {
 
 constexpr double kQuick = 1.0 / 30; // frame step of blinks, glances and her start
-constexpr double kBeat = 1.0 / 24;  // frame step of beats and hops
+constexpr double kBeat = 1.0 / 20;  // frame step of beats and hops
 constexpr double kBreath = 0.1;     // frame step of the slow breath of sleep
 constexpr double kSettle = 1e-6;    // the last frame of a movement falls just after it, surely at rest
 

@@ -34,11 +34,11 @@ FaceManner working()
     m.rest.lid = 0.3;
     m.rest.gazeY = 0.35;
     m.rest.mouth = Mouth::Flat;
-    m.glanceStep = 0.7;
+    m.glanceStep = 1.0;
     m.glances = {-0.55, -0.15, 0.25, 0.6};
     m.glanceCount = 4;
     m.beat = Beat::Pump;
-    m.beatPeriod = 1.6;
+    m.beatPeriod = 2.2;
     m.beatLength = 0.42;
     return m;
 }
@@ -49,11 +49,11 @@ FaceManner busy()
     m.rest.lid = 0.2;
     m.rest.gazeY = 0.15;
     m.rest.mouth = Mouth::Round;
-    m.glanceStep = 0.9;
+    m.glanceStep = 1.2;
     m.glances = {-0.75, 0.75};
     m.glanceCount = 2;
     m.beat = Beat::Pump;
-    m.beatPeriod = 1.1;
+    m.beatPeriod = 1.5;
     m.beatLength = 0.36;
     return m;
 }
@@ -65,7 +65,7 @@ FaceManner swamped()
     m.rest.mouth = Mouth::Wavy;
     m.rest.brows = -1;
     m.rest.sweat = true;
-    m.glanceStep = 0.45;
+    m.glanceStep = 0.6;
     m.glances = {-0.7, 0.6, -0.2, 0.8, -0.5};
     m.glanceCount = 5;
     m.beat = Beat::Shiver;

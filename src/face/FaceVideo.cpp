@@ -4,13 +4,11 @@
 #include <QPainter>
 #include <QQuickWindow>
 #include <QVideoFrame>
+#include <QVideoSink>
 
 namespace vaxo {
 
-FaceVideo::FaceVideo(QQuickItem *parent) : QQuickPaintedItem(parent)
-{
-    connect(&m_sink, &QVideoSink::videoFrameChanged, this, &FaceVideo::showFrame);
-}
+FaceVideo::FaceVideo(QQuickItem *parent) : QQuickPaintedItem(parent) {}
 
 FaceVideo::~FaceVideo()
 {
@@ -54,7 +52,9 @@ void FaceVideo::load(const QUrl &url)
         return;
     // No audio output: the player is mute.
     m_player = new QMediaPlayer(this);
-    m_player->setVideoSink(&m_sink);
+    m_sink = new QVideoSink(this);
+    connect(m_sink, &QVideoSink::videoFrameChanged, this, &FaceVideo::showFrame);
+    m_player->setVideoSink(m_sink);
     m_player->setLoops(m_loops ? QMediaPlayer::Infinite : QMediaPlayer::Once);
     connect(m_player, &QMediaPlayer::mediaStatusChanged, this, [this](QMediaPlayer::MediaStatus status) {
         if (status == QMediaPlayer::EndOfMedia && !m_loops)
@@ -71,9 +71,10 @@ void FaceVideo::teardown()
 {
     if (m_player) {
         m_player->stop();
-        m_player->setVideoSink(nullptr);
         delete m_player;
+        delete m_sink;
         m_player = nullptr;
+        m_sink = nullptr;
     }
     m_loaded.clear();
     m_ended = false;

@@ -3,10 +3,10 @@
 #include <QImage>
 #include <QQuickPaintedItem>
 #include <QUrl>
-#include <QVideoSink>
 
 class QMediaPlayer;
 class QVideoFrame;
+class QVideoSink;
 
 namespace vaxo {
 
@@ -46,8 +46,10 @@ private:
     void teardown();
     void showFrame(const QVideoFrame &frame);
 
-    QMediaPlayer *m_player = nullptr; // a child of this item while a file is loaded
-    QVideoSink m_sink;
+    // Children of this item while a file is loaded: made only then, since the first player or sink
+    // starts the whole media framework.
+    QMediaPlayer *m_player = nullptr;
+    QVideoSink *m_sink = nullptr;
     QUrl m_loaded;
     QImage m_frame;
     bool m_loops = true;
