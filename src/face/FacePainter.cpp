@@ -50,7 +50,8 @@ void FacePainter::paint(QPainter &p, double side, double pixels, const FacePose 
     p.scale(side / 100, side / 100);
     const double px = 100 / std::max(pixels, 1.0); // one device pixel, in units
     const bool antenna = pixels >= kAntennaFrom;
-    const QRectF body = antenna ? QRectF(9, 25, 82, 71) : QRectF(5, 11, 90, 80);
+    // Room above her for the antenna, and for a hop.
+    const QRectF body = antenna ? QRectF(10, 28, 80, 68) : QRectF(5, 11, 90, 80);
     const QColor tint = mix(color, Qt::white, (antenna ? 0.06 : 0.16) * pose.glow);
 
     // Squash, hop and shiver all pivot on the middle of her base.
@@ -62,19 +63,19 @@ void FacePainter::paint(QPainter &p, double side, double pixels, const FacePose 
 
     if (antenna) {
         const QPointF root(50, body.top() + 4);
-        const QPointF bulb(58.5, body.top() - 17);
+        const QPointF bulb(57.5, body.top() - 14);
         QPainterPath stem(root);
-        stem.cubicTo(50, body.top() - 7, 55, body.top() - 12, bulb.x(), bulb.y());
+        stem.cubicTo(50, body.top() - 6, 54, body.top() - 10, bulb.x(), bulb.y());
         p.strokePath(stem, roundPen(3.4, mix(color, Qt::black, 0.25)));
         if (pose.glow > 0) {
-            QRadialGradient halo(bulb, 5 + 11 * pose.glow);
+            QRadialGradient halo(bulb, 5 + 7 * pose.glow);
             QColor glow = mix(color, Qt::white, 0.3);
             glow.setAlphaF(float(0.6 * pose.glow));
             halo.setColorAt(0, glow);
             halo.setColorAt(1, Qt::transparent);
             p.setPen(Qt::NoPen);
             p.setBrush(halo);
-            p.drawEllipse(bulb, 5 + 11 * pose.glow, 5 + 11 * pose.glow);
+            p.drawEllipse(bulb, 5 + 7 * pose.glow, 5 + 7 * pose.glow);
         }
         p.setPen(Qt::NoPen);
         p.setBrush(mix(color, Qt::white, 0.35 + 0.45 * pose.glow));

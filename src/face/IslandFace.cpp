@@ -54,8 +54,8 @@ void applyBeat(FaceManner::Beat beat, double k, FacePose &p)
         break;
     case FaceManner::Beat::Hop: // up for most of it, a squash on landing
         if (k < 0.7) {
-            p.lift = 9 * std::sin(kPi * k / 0.7);
-            p.squash -= 0.05 * std::sin(kPi * k / 0.7);
+            p.lift = 6 * std::sin(kPi * k / 0.7);
+            p.squash -= 0.03 * std::sin(kPi * k / 0.7);
         } else {
             p.squash += 0.12 * std::sin(kPi * (k - 0.7) / 0.3);
         }
