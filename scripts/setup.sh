@@ -10,16 +10,20 @@ PACKAGES=(
   libicu-dev libx11-dev libx11-xcb-dev libxcb1-dev libxcb-xinput-dev libxext-dev libxss-dev libcanberra-dev
   libasound2-dev
   qt6-speech-dev
+  qt6-multimedia-dev
   # run
   qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
   qml6-module-qtquick-layouts qml6-module-qtquick-templates qml6-module-qtquick-shapes
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
   python3 procps sound-theme-freedesktop fonts-inter fonts-jetbrains-mono
   speech-dispatcher speech-dispatcher-espeak-ng qt6-speech-speechd-plugin
+  gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+  qt6-image-formats-plugins qt6-image-formats-plugin-pdf
   # tests and headless runs
   xvfb xauth xdotool xclip x11-utils x11-xserver-utils openbox wmctrl xcompmgr imagemagick xterm hsetroot
   dbus dbus-x11 tmux
   mpv mpv-mpris sox
+  ffmpeg
 )
 
 missing=()

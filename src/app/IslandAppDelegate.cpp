@@ -10,8 +10,9 @@
 #include "app/IslandSettings.h"
 #include "app/LoginItem.h"
 #include "clipboard/IslandClipboard.h"
+#include "face/FaceAssets.h"
 #include "face/IslandVoice.h"
-#include "feedback/CustomFace.h"
+#include "face/MoodArt.h"
 #include "feedback/Feedback.h"
 #include "island/IslandController.h"
 #include "island/IslandLook.h"
@@ -35,6 +36,7 @@
 #include "platform/SpeechSynthesizer.h"
 #include "platform/TerminalFocus.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
 #include <QSysInfo>
@@ -71,11 +73,20 @@ IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
     m_loginItem = std::make_unique<LoginItem>(*m_platform.loginRegistration);
     m_feedback = std::make_unique<Feedback>(
         Feedback::Services{*m_platform.pasteboard, *m_platform.mailDrafts}, [this] { return diagnostics(); }, clock);
+    // Built-in artwork would sit beside the program, in "share/vaxo-island/Face"; none is installed, so
+    // the drawn face is the built-in art.
+    const QString bundled = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vaxo-island/Face");
+    m_face = std::make_unique<FaceAssets>(FaceAssets::Folders{m_paths.face(), bundled, m_paths.faceFrames()}, clock,
+                                          PlatformServices::newFolderWatcher(), *m_platform.artDecoder);
+    m_face->load();
+    m_face->watch();
+    m_moodArt = std::make_unique<MoodArt>(*m_face, *m_state);
 
     const IslandRoot::Parts parts{m_state.get(),     m_settings.get(),     m_sessions.get(),
                                   m_clipboard.get(), m_music.get(),        m_activity.get(),
                                   m_look.get(),      m_settingsCard.get(), m_paths.backgrounds(),
-                                  m_loginItem.get(), m_feedback.get(),     m_platform.installedApps.get()};
+                                  m_loginItem.get(), m_feedback.get(),     m_platform.installedApps.get(),
+                                  m_moodArt.get()};
     // The login switch shows the system's record as it is whenever the settings open.
     connect(m_state.get(), &IslandState::showSettingsChanged, m_loginItem.get(), [this] {
         if (m_state->showSettings())
@@ -119,7 +130,7 @@ Diagnostics IslandAppDelegate::diagnostics() const
             PlatformServices::hardwareModel(),
             QSysInfo::currentCpuArchitecture(),
             m_media->accessibilityGranted(),
-            CustomFace::moodCount(m_paths.face())};
+            int(m_face->userMoods().size())};
 }
 
 void IslandAppDelegate::applicationDidFinishLaunching()

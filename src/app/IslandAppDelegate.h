@@ -13,6 +13,7 @@ namespace vaxo {
 class AppActivity;
 class AskDecision;
 class Feedback;
+class FaceAssets;
 class IslandClipboard;
 class IslandController;
 class IslandLook;
@@ -22,6 +23,7 @@ class IslandSettings;
 class IslandState;
 class IslandVoice;
 class LoginItem;
+class MoodArt;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -67,6 +69,8 @@ private:
     std::unique_ptr<SettingsCard> m_settingsCard;
     std::unique_ptr<LoginItem> m_loginItem;
     std::unique_ptr<Feedback> m_feedback;
+    std::unique_ptr<FaceAssets> m_face;
+    std::unique_ptr<MoodArt> m_moodArt;
     std::unique_ptr<IslandController> m_controller;
     std::unique_ptr<IslandVoice> m_voice;
     std::unique_ptr<SummonView> m_summonView;

@@ -10,6 +10,7 @@ Q_MOC_INCLUDE("app/IslandSettings.h")
 Q_MOC_INCLUDE("app/LoginItem.h")
 Q_MOC_INCLUDE("clipboard/IslandClipboard.h")
 Q_MOC_INCLUDE("feedback/Feedback.h")
+Q_MOC_INCLUDE("face/MoodArt.h")
 Q_MOC_INCLUDE("island/CardLabels.h")
 Q_MOC_INCLUDE("island/CardMeasures.h")
 Q_MOC_INCLUDE("island/IslandController.h")
@@ -32,6 +33,7 @@ class IslandLook;
 class IslandSettings;
 class IslandState;
 class LoginItem;
+class MoodArt;
 class MusicSection;
 class SessionsSection;
 class SettingsCard;
@@ -54,6 +56,7 @@ class IslandRoot : public QObject {
     Q_PROPERTY(vaxo::SettingsCard *settingsCard READ settingsCard CONSTANT)
     Q_PROPERTY(vaxo::LoginItem *loginItem READ loginItem CONSTANT)
     Q_PROPERTY(vaxo::Feedback *feedback READ feedback CONSTANT)
+    Q_PROPERTY(vaxo::MoodArt *face READ face CONSTANT)
 
 public:
     // The long-lived objects the views read; the composition root owns them.
@@ -70,6 +73,7 @@ public:
         LoginItem *loginItem;
         Feedback *feedback;
         const InstalledApps *apps; // whose icons mark the sessions' agents
+        MoodArt *face;             // the artwork of the character's mood
     };
 
     IslandRoot(const Parts &parts, IslandController *controller, QObject *parent = nullptr);
@@ -87,6 +91,7 @@ public:
     SettingsCard *settingsCard() const { return m_parts.settingsCard; }
     LoginItem *loginItem() const { return m_parts.loginItem; }
     Feedback *feedback() const { return m_parts.feedback; }
+    MoodArt *face() const { return m_parts.face; }
 
     // The images the views ask for by URL: clip thumbnails, backdrops and agents' marks.
     void installImageProviders(QQmlEngine &engine) const;

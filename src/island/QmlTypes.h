@@ -10,6 +10,9 @@
 #include "clipboard/ClipKind.h"
 #include "clipboard/ClipListModel.h"
 #include "clipboard/IslandClipboard.h"
+#include "face/DrawnFace.h"
+#include "face/FaceVideo.h"
+#include "face/MoodArt.h"
 #include "feedback/Feedback.h"
 #include "island/CardLabels.h"
 #include "island/CardMeasures.h"
@@ -65,6 +68,18 @@ struct FeedbackForeign {
     QML_UNCREATABLE("Made by the program")
 };
 
+struct DrawnFaceForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::DrawnFace)
+    QML_NAMED_ELEMENT(DrawnFace)
+};
+
+struct FaceVideoForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::FaceVideo)
+    QML_NAMED_ELEMENT(FaceVideo)
+};
+
 struct IslandClipboardForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::IslandClipboard)
@@ -104,6 +119,13 @@ struct LoginItemForeign {
     Q_GADGET
     QML_FOREIGN(vaxo::LoginItem)
     QML_NAMED_ELEMENT(LoginItem)
+    QML_UNCREATABLE("Made by the program")
+};
+
+struct MoodArtForeign {
+    Q_GADGET
+    QML_FOREIGN(vaxo::MoodArt)
+    QML_NAMED_ELEMENT(MoodArt)
     QML_UNCREATABLE("Made by the program")
 };
 

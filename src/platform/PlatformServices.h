@@ -9,6 +9,7 @@ class QObject;
 namespace vaxo {
 
 class ActivityPlatform;
+class ArtDecoder;
 class DesktopWindows;
 class FolderWatcher;
 class FrontmostApp;
@@ -46,6 +47,7 @@ struct PlatformServices {
     std::unique_ptr<InstalledApps> installedApps;
     std::unique_ptr<LoginRegistration> loginRegistration;
     std::unique_ptr<MailDrafts> mailDrafts;
+    std::unique_ptr<ArtDecoder> artDecoder;
 
     // A new watcher for a folder; the caller owns it.
     static FolderWatcher *newFolderWatcher(QObject *parent = nullptr);

@@ -1,5 +1,4 @@
 #include "feedback/Feedback.h"
-#include "feedback/CustomFace.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/XdgMailDrafts.h"
 
@@ -126,37 +125,6 @@ private slots:
         QCOMPARE(feedback.outcome(), QString());
         QCOMPARE(changes.size(), 2);
         QCOMPARE(clock.activeTimers(), 0);
-    }
-
-    void moodsOfTheFaceFolder_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("mood");
-        test::rows(R"(
-plain     | working.png      | working
-capitals  | Working.PNG      | working
-numbered  | working-2.png    | working
-underline | busy_03.jpg      | busy
-blank     | pleased 4.mov    | pleased
-no mood   | happy.png        | -
-wrong kind| resting.gif      | -
-hidden    | .waiting.png     | -
-)");
-    }
-    void moodsOfTheFaceFolder()
-    {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, mood);
-        QCOMPARE(CustomFace::moodOf(QString::fromUtf8(file)).value_or("-"), QString::fromUtf8(mood));
-    }
-
-    void moodsAreCountedOnce()
-    {
-        test::TempHome home;
-        QCOMPARE(CustomFace::moodCount(home.paths().face()), 0);
-        for (const char *name : {"busy-1.png", "busy-2.png", "sleeping.mp4", "notes.txt", "fps"})
-            test::TempHome::write(home.paths().face() + "/" + name, "x");
-        QCOMPARE(CustomFace::moodCount(home.paths().face()), 2);
     }
 };
 

@@ -1,42 +1,53 @@
 import QtQuick
+import QtQuick.Window
 import Vaxo.Island
 
-// Where Vaxo shows her mood. Until her drawn face arrives, a simple stand-in in the mood's colour: a
-// round head with two eyes, closed while she sleeps. The "Icon" setting can make it a dot or nothing.
+// Where Vaxo shows her mood, at any size: the user's artwork for the mood when the "Face" folder has
+// some (stills or a video), else her drawn face. The "Icon" setting can make her a dot or nothing. She
+// moves only while the animation gate is open and she is on screen.
 Item {
     id: slot
 
     required property IslandRoot root
-    // The stand-in is drawn whatever the setting says where the face is the point (the card).
+    // She is drawn whatever the setting says where she is the point (the card, the summon panel).
     property bool alwaysFace: false
 
-    readonly property color tint: root.look.moodColor
+    readonly property MoodArt art: root.face
     readonly property int icon: alwaysFace ? IslandLook.Face : root.look.restIcon
-    readonly property bool asleep: root.state.mood === Mood.Sleeping
+    readonly property bool animating: visible && Window.visibility !== Window.Hidden && root.activity.islandAnimating
 
     implicitWidth: 20
     implicitHeight: 20
 
-    Rectangle {
-        id: head
+    Item {
+        id: face
         visible: slot.icon === IslandLook.Face
         anchors.centerIn: parent
         width: Math.min(slot.width, slot.height)
         height: width
-        radius: width / 2
-        color: slot.tint
 
-        Repeater {
-            model: 2
-            Rectangle {
-                required property int index
-                width: head.width * 0.14
-                height: slot.asleep ? head.width * 0.05 : head.width * 0.2
-                radius: width / 2
-                color: "black"
-                x: head.width * (index === 0 ? 0.3 : 0.56)
-                y: head.height * (slot.asleep ? 0.5 : 0.36)
-            }
+        DrawnFace {
+            anchors.fill: parent
+            visible: slot.art.kind === MoodArt.Drawn
+            mood: slot.root.state.mood
+            color: slot.root.look.moodColor
+            calm: slot.root.settings.calm
+            animating: visible && slot.animating
+        }
+
+        FaceStill {
+            objectName: "faceStill"
+            anchors.fill: parent
+            visible: slot.art.kind === MoodArt.Still
+            art: slot.art
+            animating: visible && slot.animating
+        }
+
+        FaceVideoView {
+            anchors.fill: parent
+            visible: slot.art.kind === MoodArt.Video
+            art: slot.art
+            animating: visible && slot.animating
         }
     }
 
@@ -46,6 +57,6 @@ Item {
         width: Math.min(slot.width, slot.height) * 0.4
         height: width
         radius: width / 2
-        color: slot.tint
+        color: slot.root.look.moodColor
     }
 }

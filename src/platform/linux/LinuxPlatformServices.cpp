@@ -8,6 +8,7 @@
 #include "platform/linux/LinuxTerminalFocus.h"
 #include "platform/linux/MachineModel.h"
 #include "platform/linux/MprisMediaPlayers.h"
+#include "platform/linux/QtArtDecoder.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/SpeechdSynthesizer.h"
 #include "platform/linux/SystemLog.h"
@@ -70,6 +71,7 @@ PlatformServices PlatformServices::make()
     services.loginRegistration =
         std::make_unique<linux_platform::XdgAutostart>(linux_platform::XdgAutostart::standard());
     services.mailDrafts = std::make_unique<linux_platform::XdgMailDrafts>();
+    services.artDecoder = std::make_unique<linux_platform::QtArtDecoder>();
     return services;
 }
 
