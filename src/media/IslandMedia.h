@@ -37,6 +37,8 @@ public:
     // Empty answers of the system source in a row after which it is given up.
     static constexpr int kSystemEmptyLimit = 4;
     static constexpr double kMediaKeyRefresh = 0.6;
+    // A player may answer a command before its state has changed: one more look a moment later.
+    static constexpr double kCommandSettle = 0.4;
     static constexpr double kGrantRecheck = 1.2;
 
     struct Switches {

@@ -66,8 +66,13 @@ void IslandMedia::send(Command command)
     if (m_now && m_players.controlsDirectly(*m_now)) {
         setBlockedReason(std::nullopt);
         m_players.send(*m_now, command, [self] {
-            if (self)
-                self->refresh();
+            if (!self)
+                return;
+            self->refresh();
+            self->after(kCommandSettle, [self] {
+                if (self)
+                    self->refresh();
+            });
         });
         return;
     }

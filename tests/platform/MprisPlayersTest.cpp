@@ -208,10 +208,9 @@ void MprisPlayersTest::playPauseReachesThePlayer()
     QTRY_VERIFY_WITH_TIMEOUT(media.now() && media.now()->isPlaying, 20000);
     QVERIFY(media.canControlNowPlaying());
     for (bool playing : {false, true}) {
-        QSignalSpy published(&media, &IslandMedia::nowChanged);
-        media.send(MediaCommand::PlayPause); // the refresh after the command shows the new state
-        QVERIFY(published.wait(10000));
-        QCOMPARE(media.now()->isPlaying, playing);
+        // The player may take a moment after its answer to change its state: a later poll shows it.
+        media.send(MediaCommand::PlayPause);
+        QTRY_VERIFY_WITH_TIMEOUT((media.refresh(), media.now() && media.now()->isPlaying == playing), 10000);
     }
     QVERIFY(!media.controlBlockedReason());
 }
