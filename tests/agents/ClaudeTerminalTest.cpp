@@ -40,7 +40,7 @@ private:
     void choose(const QString &window, const QString &option);
     QString screen(const QString &window) { return QString::fromUtf8(tmux({"capture-pane", "-p", "-t", window})); }
     // The session of Claude Code's process, as its file says and as the island lists it.
-    QJsonObject file(qint64 pid) const;
+    QString field(qint64 pid, const char *key = "status") const { return m_harness->field(pid, key); }
     QString listed(qint64 pid) const;
     // Reporters still running for this test's sessions.
     int reporters() const;
@@ -148,17 +148,6 @@ void ClaudeTerminalTest::type(const QString &window, const QString &text)
     tmux({"send-keys", "-t", window, "Enter"});
 }
 
-QJsonObject ClaudeTerminalTest::file(qint64 pid) const
-{
-    const QFileInfoList files = QDir(m_harness->temp().paths().sessions()).entryInfoList({"*.json"}, QDir::Files);
-    for (const QFileInfo &info : files) {
-        const QJsonObject record = QJsonDocument::fromJson(TempHome::read(info.filePath())).object();
-        if (record.value("process").toObject().value("pid").toInteger() == pid)
-            return record;
-    }
-    return {};
-}
-
 QString ClaudeTerminalTest::listed(qint64 pid) const
 {
     for (const AgentSession &s : m_listed) {
@@ -181,37 +170,36 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
 {
     const qint64 pid = startClaude("answers");
     const QString project = m_harness->project();
-    const auto asks = [&] { return file(pid).value("status") == "waiting" && !file(pid).value("ask_id").isNull(); };
 
     // Refused in the terminal: the question leaves the island, and its reporter ends.
     type("answers", "Make a file. RUN: touch refused.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains(QRegularExpression("\\d\\. No")), kPatience);
     choose("answers", QRegularExpression("(\\d)\\. No").match(screen("answers")).captured(1));
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kSoon);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kSoon);
     QTRY_COMPARE_WITH_TIMEOUT(reporters(), 0, kSoon);
     QVERIFY(!QFileInfo::exists(project + "/refused.txt"));
 
     // Allowed there: the same.
     type("answers", "Make a file. RUN: touch allowed.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains("1. Yes"), kPatience);
     choose("answers", "1");
-    QTRY_VERIFY_WITH_TIMEOUT(file(pid).value("status") != "waiting", kSoon);
+    QTRY_VERIFY_WITH_TIMEOUT(field(pid) != "waiting", kSoon);
     QTRY_COMPARE_WITH_TIMEOUT(reporters(), 0, kSoon);
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/allowed.txt"), kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
 
     // "Always" from the island: the call runs, and the next of its kind is not asked about (an ask
     // would hold the file back for the reporter's two minutes).
     type("answers", "Make a file. RUN: touch always-1.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
-    const auto record = AgentSession::decode(QJsonDocument(file(pid)).toJson());
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
+    const auto record = AgentSession::decode(QJsonDocument(m_harness->session(pid)).toJson());
     QVERIFY(record && record->offersAlways());
     vaxo::AskDecision(m_harness->temp().paths().decisions(), vaxo::Clock::system())
         .answer(*record->askId, vaxo::AskDecision::Answer::Always);
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-1.txt"), kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
     type("answers", "Make another. RUN: touch always-2.txt");
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-2.txt"), kPatience);
     QVERIFY(!screen("answers").contains("Do you want to proceed?"));
@@ -221,17 +209,17 @@ void ClaudeTerminalTest::finishedAndFailedTurnsStayDone()
 {
     const qint64 pid = startClaude("turns");
     type("turns", "Say hello.");
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
     // A minute after the turn Claude Code says it waits for input: that changes nothing.
     const QString log = m_harness->temp().root() + "/notifications.log";
     QTRY_VERIFY_WITH_TIMEOUT(TempHome::read(log).contains("\"idle_prompt\""), 3 * kPatience);
-    QCOMPARE(file(pid).value("status").toString(), QString("done"));
+    QCOMPARE(field(pid), QString("done"));
     QCOMPARE(listed(pid), QString("done"));
 
     // The API fails the next turn: done, and the card can say why.
     type("turns", "Fail now. FAIL: 429 rate_limit_error");
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("waiting_for").toString(), QString("rate_limit"), kPatience);
-    QCOMPARE(file(pid).value("status").toString(), QString("done"));
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid, "waiting_for"), QString("rate_limit"), kPatience);
+    QCOMPARE(field(pid), QString("done"));
 }
 
 void ClaudeTerminalTest::interruptedAndClosedSessions()
@@ -250,7 +238,7 @@ void ClaudeTerminalTest::interruptedAndClosedSessions()
     // Its terminal's process killed outright (no SessionEnd can run): the session goes, the other stays.
     QVERIFY(::kill(pid_t(first), SIGKILL) == 0);
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("none"), kSoon);
-    QVERIFY(file(first).isEmpty());
+    QVERIFY(m_harness->session(first).isEmpty());
     QCOMPARE(listed(second), QString("done"));
 }
 
