@@ -491,6 +491,7 @@ void HookScriptsTest::answeredInTheTerminal()
     } else if (what == "term") { // as Claude Code ends the hook when its terminal got the answer
         if (change.contains(' '))
             TempHome::replace(status, fill(detail));
+        QVERIFY(hook.processId() > 0); // not 0: that would end the test's own group
         ::kill(-pid_t(hook.processId()), SIGTERM);
     } else {
         send(QString::fromUtf8(detail), json(R"({"tool_name":"Bash"})"));
