@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <functional>
 
 using vaxo::AgentSession;
 using vaxo::test::ClaudeHarness;
@@ -35,9 +36,12 @@ private:
     QByteArray tmux(const QStringList &args);
     // Starts Claude Code in a new terminal window; returns its process id.
     qint64 startClaude(const QString &window);
-    void type(const QString &window, const QString &text);
+    // Types a prompt into the window of Claude Code's process pid and submits it.
+    void type(const QString &window, qint64 pid, const QString &text);
     // Picks an option of the permission dialog by its number.
     void choose(const QString &window, const QString &option);
+    // Presses key now and again, never twice within a second, until done holds.
+    void pressUntil(const QString &window, const QString &key, const std::function<bool()> &done, int timeout);
     QString screen(const QString &window) { return QString::fromUtf8(tmux({"capture-pane", "-p", "-t", window})); }
     // The session of Claude Code's process, as its file says and as the island lists it.
     QString field(qint64 pid, const char *key = "status") const { return m_harness->field(pid, key); }
@@ -127,25 +131,35 @@ qint64 ClaudeTerminalTest::startClaude(const QString &window)
     return pid;
 }
 
-void ClaudeTerminalTest::choose(const QString &window, const QString &option)
+void ClaudeTerminalTest::pressUntil(const QString &window, const QString &key, const std::function<bool()> &done,
+                                    int timeout)
 {
-    // The dialog ignores keys for a moment after it shows: the number is pressed again, now and
-    // then, until the dialog is gone; a press that came too late is cleared from the prompt.
     QElapsedTimer since;
     const auto press = [&] {
-        if (since.isValid() && since.elapsed() < 400)
+        if (since.isValid() && since.elapsed() < 1000)
             return;
-        tmux({"send-keys", "-t", window, option});
+        tmux({"send-keys", "-t", window, key});
         since.start();
     };
-    [&] { QTRY_VERIFY_WITH_TIMEOUT(!screen(window).contains("Do you want to proceed?") || (press(), false), kSoon); }();
+    [&] { QTRY_VERIFY_WITH_TIMEOUT(done() || (press(), false), timeout); }();
+}
+
+void ClaudeTerminalTest::choose(const QString &window, const QString &option)
+{
+    // The dialog ignores keys for a moment after it shows: a press that came too late is cleared from
+    // the prompt.
+    pressUntil(
+        window, option, [&] { return !screen(window).contains("Do you want to proceed?"); }, kSoon);
     tmux({"send-keys", "-t", window, "C-u"});
 }
 
-void ClaudeTerminalTest::type(const QString &window, const QString &text)
+void ClaudeTerminalTest::type(const QString &window, qint64 pid, const QString &text)
 {
     tmux({"send-keys", "-t", window, "-l", text});
-    tmux({"send-keys", "-t", window, "Enter"});
+    // Text that arrives this fast can still count as a paste when Enter follows, and the Enter is then
+    // lost: it is pressed again until the prompt has reached the session.
+    pressUntil(
+        window, "Enter", [&] { return field(pid, "last_prompt").contains(text); }, kPatience);
 }
 
 QString ClaudeTerminalTest::listed(qint64 pid) const
@@ -172,7 +186,7 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
     const QString project = m_harness->project();
 
     // Refused in the terminal: the question leaves the island, and its reporter ends.
-    type("answers", "Make a file. RUN: touch refused.txt");
+    type("answers", pid, "Make a file. RUN: touch refused.txt");
     QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains(QRegularExpression("\\d\\. No")), kPatience);
     choose("answers", QRegularExpression("(\\d)\\. No").match(screen("answers")).captured(1));
@@ -181,7 +195,7 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
     QVERIFY(!QFileInfo::exists(project + "/refused.txt"));
 
     // Allowed there: the same.
-    type("answers", "Make a file. RUN: touch allowed.txt");
+    type("answers", pid, "Make a file. RUN: touch allowed.txt");
     QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains("1. Yes"), kPatience);
     choose("answers", "1");
@@ -192,7 +206,7 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
 
     // "Always" from the island: the call runs, and the next of its kind is not asked about (an ask
     // would hold the file back for the reporter's two minutes).
-    type("answers", "Make a file. RUN: touch always-1.txt");
+    type("answers", pid, "Make a file. RUN: touch always-1.txt");
     QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     const auto record = AgentSession::decode(QJsonDocument(m_harness->session(pid)).toJson());
     QVERIFY(record && record->offersAlways());
@@ -200,7 +214,7 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
         .answer(*record->askId, vaxo::AskDecision::Answer::Always);
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-1.txt"), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
-    type("answers", "Make another. RUN: touch always-2.txt");
+    type("answers", pid, "Make another. RUN: touch always-2.txt");
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-2.txt"), kPatience);
     QVERIFY(!screen("answers").contains("Do you want to proceed?"));
 }
@@ -208,7 +222,7 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
 void ClaudeTerminalTest::finishedAndFailedTurnsStayDone()
 {
     const qint64 pid = startClaude("turns");
-    type("turns", "Say hello.");
+    type("turns", pid, "Say hello.");
     QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
     // A minute after the turn Claude Code says it waits for input: that changes nothing.
     const QString log = m_harness->temp().root() + "/notifications.log";
@@ -217,7 +231,7 @@ void ClaudeTerminalTest::finishedAndFailedTurnsStayDone()
     QCOMPARE(listed(pid), QString("done"));
 
     // The API fails the next turn: done, and the card can say why.
-    type("turns", "Fail now. FAIL: 429 rate_limit_error");
+    type("turns", pid, "Fail now. FAIL: 429 rate_limit_error");
     QTRY_COMPARE_WITH_TIMEOUT(field(pid, "waiting_for"), QString("rate_limit"), kPatience);
     QCOMPARE(field(pid), QString("done"));
 }
@@ -226,11 +240,11 @@ void ClaudeTerminalTest::interruptedAndClosedSessions()
 {
     const qint64 first = startClaude("first");
     const qint64 second = startClaude("second");
-    type("second", "Say hello.");
+    type("second", second, "Say hello.");
     QTRY_COMPARE_WITH_TIMEOUT(listed(second), QString("done"), kPatience);
 
     // Esc during a turn: no hook runs, yet the island sees the turn end.
-    type("first", "Say hello. HOLD: " + m_harness->project() + "/never");
+    type("first", first, "Say hello. HOLD: " + m_harness->project() + "/never");
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("working"), kPatience);
     tmux({"send-keys", "-t", "first", "Escape"});
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("done"), kSoon);
