@@ -20,18 +20,6 @@ struct Apps final : InstalledApps {
     }
 };
 
-AgentSession hosted(const QString &host, const QString &termSession, const QString &tty)
-{
-    AgentSession session;
-    if (!host.isEmpty())
-        session.hostBundle = host;
-    if (!termSession.isEmpty())
-        session.termSession = termSession;
-    if (!tty.isEmpty())
-        session.tty = tty;
-    return session;
-}
-
 } // namespace
 
 // Who made each agent, and how its terminal's tab or pane is found.
@@ -78,30 +66,46 @@ empty        |                 |                 | terminal.fill                
         QCOMPARE(AgentBrand::appIcon("claude-code", apps), std::nullopt); // its row names no application
     }
 
+    void tabSelectionScripts_data()
+    {
+        QTest::addColumn<QByteArray>("host");
+        QTest::addColumn<QByteArray>("termSession");
+        QTest::addColumn<QByteArray>("tty");
+        QTest::addColumn<QByteArray>("parts"); // how the script starts, then what it holds, by " ; "; "" for none
+        // iTerm2 by the id after the last ":", even of two names run together; Terminal by the tab's
+        // tty, each tab tried on its own. With nothing to select the host is only activated.
+        test::rows(R"(
+iterm2           | com.googlecode.iterm2 | w0t1p0:ABC           | /dev/ttys001 | tell application "iTerm2"\n    activate\n ; if (id of s as text) is "ABC" then ; select w\n ; select t\n ; select s\n
+two ids          | com.googlecode.iterm2 | w0t0p0:OLDw0t1p0:NEW |              | tell application "iTerm2" ; is "NEW" then
+terminal         | com.apple.Terminal    |                      | /dev/ttys004 | tell application "Terminal"\n    activate\n ; if (tty of t as text) is "/dev/ttys004" then ; set selected of t to true ; set index of w to 1 ; try\n ; end try
+terminal, no tty | com.apple.Terminal    | w0t1p0:ABC           |              |
+iterm2, no id    | com.googlecode.iterm2 |                      | /dev/ttys001 |
+host's case      | com.apple.terminal    |                      | /dev/ttys001 |
+no host          |                       | w0t1p0:ABC           | /dev/pts/3   |
+)");
+    }
     void tabSelectionScripts()
     {
-        // iTerm2: the id after the last ":", even of two names run together.
-        const auto iterm = tabSelectionScript(hosted("com.googlecode.iterm2", "w0t1p0:ABC", "/dev/ttys001"));
-        QVERIFY(iterm);
-        QVERIFY(iterm->startsWith("tell application \"iTerm2\"\n    activate\n"));
-        QVERIFY(iterm->contains("if (id of s as text) is \"ABC\" then"));
-        QVERIFY(iterm->contains("select w\n") && iterm->contains("select t\n") && iterm->contains("select s\n"));
-        const auto twice = tabSelectionScript(hosted("com.googlecode.iterm2", "w0t0p0:OLDw0t1p0:NEW", ""));
-        QVERIFY(twice && twice->contains("is \"NEW\" then"));
-
-        // Terminal: the tab by its tty, each tab tried on its own.
-        const auto terminal = tabSelectionScript(hosted("com.apple.Terminal", "", "/dev/ttys004"));
-        QVERIFY(terminal);
-        QVERIFY(terminal->startsWith("tell application \"Terminal\"\n    activate\n"));
-        QVERIFY(terminal->contains("if (tty of t as text) is \"/dev/ttys004\" then"));
-        QVERIFY(terminal->contains("set selected of t to true") && terminal->contains("set index of w to 1"));
-        QVERIFY(terminal->contains("try\n") && terminal->contains("end try"));
-
-        // Nothing to select: the host is only activated.
-        QCOMPARE(tabSelectionScript(hosted("com.apple.Terminal", "w0t1p0:ABC", "")), std::nullopt);
-        QCOMPARE(tabSelectionScript(hosted("com.googlecode.iterm2", "", "/dev/ttys001")), std::nullopt);
-        QCOMPARE(tabSelectionScript(hosted("com.apple.terminal", "", "/dev/ttys001")), std::nullopt);
-        QCOMPARE(tabSelectionScript(hosted("", "w0t1p0:ABC", "/dev/pts/3")), std::nullopt);
+        QFETCH(QByteArray, host);
+        QFETCH(QByteArray, termSession);
+        QFETCH(QByteArray, tty);
+        QFETCH(QByteArray, parts);
+        AgentSession session;
+        for (auto [field, value] :
+             {std::pair{&session.hostBundle, host}, {&session.termSession, termSession}, {&session.tty, tty}}) {
+            if (!value.isEmpty())
+                *field = QString::fromUtf8(value);
+        }
+        const auto script = tabSelectionScript(session);
+        QCOMPARE(script.has_value(), !parts.isEmpty());
+        if (!script)
+            return;
+        QStringList expected;
+        for (const QByteArray &part : parts.split(';'))
+            expected << QString::fromUtf8(part.trimmed().replace("\\n", "\n"));
+        QVERIFY2(script->startsWith(expected.first()), qPrintable(*script));
+        for (const QString &part : expected.mid(1))
+            QVERIFY2(script->contains(part), qPrintable(part));
     }
 
     void ptsNumbers_data()
@@ -125,7 +129,7 @@ empty     |              | -
         QCOMPARE(got ? QByteArray::number(*got) : QByteArray("-"), number);
     }
 
-    void panesByTty()
+    void multiplexerOutputs()
     {
         const QByteArray panes = "/dev/pts/3\t%0\t$0\n/dev/pts/7\t%4\t$1\nbroken line\n";
         QCOMPARE(TerminalPanes::tmuxPane(panes, "/dev/pts/7"), (TerminalPanes::TmuxPane{"%4", "$1"}));
@@ -142,10 +146,7 @@ empty     |              | -
         QCOMPARE(TerminalPanes::weztermPane(wezterm, "/dev/pts/6"), QStringLiteral("7"));
         QCOMPARE(TerminalPanes::weztermPane(wezterm, "/dev/pts/8"), std::nullopt);
         QCOMPARE(TerminalPanes::weztermPane("not json", "/dev/pts/6"), std::nullopt);
-    }
 
-    void environments()
-    {
         const char raw[] = "SHELL=/bin/sh\0TMUX=/tmp/tmux-1000/my,odd,1234,0\0TMUX_PANE=%3\0";
         const QByteArray environ(raw, sizeof raw - 1);
         QCOMPARE(TerminalPanes::environValue(environ, "TMUX_PANE"), QStringLiteral("%3"));

@@ -29,7 +29,6 @@ private slots:
     void loading();
     // The source over a real folder and a real inotify watch; time moves only by the fake clock.
     void watching();
-    void unwatchableFolderIsLogged();
     // Real processes and a real process watch: a closed session leaves, an interrupted turn ends.
     void livenessOfSessions();
 };
@@ -183,12 +182,19 @@ void AgentSessionTest::watching()
         QTRY_VERIFY_WITH_TIMEOUT(events.size() > before, 5000);
     };
 
+    // A file where the folder's parent should be: the folder can be neither made nor watched.
+    TempHome blocked;
+    TempHome::write(blocked.paths().support, "not a folder");
+    vaxo::LocalHookSource unwatchable(blocked.paths().sessions(), clock, vaxo::PlatformServices::newFolderWatcher());
+    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + blocked.paths().sessions()));
+    unwatchable.start([&](const QList<AgentSession> &list) { delivered << list; });
+
     QDir().mkpath(dir);
     QFile::setPermissions(dir, QFileDevice::Permissions(0x7755)); // 0755
     source.start([&](const QList<AgentSession> &list) { delivered << list; });
     QCOMPARE(TempHome::mode(dir), 0700);
     QVERIFY(QFile::exists(dir + "/.metadata_never_index"));
-    QCOMPARE(delivered.size(), 0); // an empty folder is no change
+    QCOMPARE(delivered.size(), 0); // neither an empty folder nor an unwatchable one is a change
 
     // Ten writes 4 ms apart: one reload, 50 ms after the last, with the last write.
     const qsizetype reloadsAtStart = reloads.size();
@@ -232,19 +238,6 @@ void AgentSessionTest::watching()
     clock.advance(1);
     QCOMPARE(delivered.size(), 2);
     QCOMPARE(events.size(), eventsAtStop);
-}
-
-void AgentSessionTest::unwatchableFolderIsLogged()
-{
-    // A file where the folder's parent should be: the folder can be neither made nor watched.
-    TempHome home;
-    vaxo::test::FakeClock clock;
-    TempHome::write(home.paths().support, "not a folder");
-    vaxo::LocalHookSource source(home.paths().sessions(), clock, vaxo::PlatformServices::newFolderWatcher());
-    int calls = 0;
-    QTest::ignoreMessage(QtWarningMsg, qPrintable("[island] cannot watch " + home.paths().sessions()));
-    source.start([&](const QList<AgentSession> &) { ++calls; });
-    QCOMPARE(calls, 0);
 }
 
 void AgentSessionTest::livenessOfSessions()

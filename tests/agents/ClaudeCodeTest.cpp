@@ -1,5 +1,4 @@
 #include "ClaudeHarness.h"
-#include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
 #include "app/Clock.h"
 
@@ -52,10 +51,6 @@ void ClaudeCodeTest::oneSession()
         agent.waitForFinished(10'000);
         ::close(terminal);
     });
-    QProcessEnvironment env;
-    for (const QString &variable : harness.environment())
-        env.insert(variable.section('=', 0, 0), variable.section('=', 1));
-    agent.setProcessEnvironment(env);
     agent.setWorkingDirectory(project);
     agent.setStandardOutputFile(temp.root() + "/claude.out");
     agent.setStandardErrorFile(temp.root() + "/claude.err");
@@ -64,19 +59,17 @@ void ClaudeCodeTest::oneSession()
         ::close(::open(terminalName.constData(), O_RDWR));
     });
     // Stream-json mode asks for permissions (plain -p refuses tools); standard input stays open.
-    agent.start(harness.claude(), {"-p", "--input-format", "stream-json", "--output-format", "stream-json", "--verbose",
-                                   "--permission-prompt-tool", "stdio"});
+    agent.start("/usr/bin/env",
+                QStringList{"-i"} + harness.environment() +
+                    QStringList{harness.claude(), "-p", "--input-format", "stream-json", "--output-format",
+                                "stream-json", "--verbose", "--permission-prompt-tool", "stdio"});
     QVERIFY(agent.waitForStarted(30'000));
 
     const auto say = [&](const QString &text) {
         const QJsonObject message{{"type", "user"}, {"message", QJsonObject{{"role", "user"}, {"content", text}}}};
         agent.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + "\n");
     };
-    const auto field = [&](const char *key) { return harness.field(key); };
-    const auto answerable = [&] {
-        const auto record = vaxo::AgentSession::decode(QJsonDocument(harness.session()).toJson());
-        return record && record->isAnswerable();
-    };
+    const auto field = [&](const char *key) { return harness.field(agent.processId(), key); };
     const auto answer = [&](bool allow) {
         vaxo::AskDecision(temp.paths().decisions(), vaxo::Clock::system())
             .answer(field("ask_id"), allow ? vaxo::AskDecision::Answer::Allow : vaxo::AskDecision::Answer::Deny);
@@ -94,7 +87,7 @@ void ClaudeCodeTest::oneSession()
     QTRY_COMPARE_WITH_TIMEOUT(field("status"), QString("done"), kPatience);
 
     say("Make a file.\nRUN: touch allowed.txt\nHOLD: " + project + "/gate-allowed");
-    QTRY_VERIFY_WITH_TIMEOUT(answerable(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(harness.asks(agent.processId()), kPatience);
     QCOMPARE(field("ask_tool"), "Bash");
     QCOMPARE(field("ask_target"), "touch allowed.txt");
     QVERIFY(field("ask_id").startsWith("perm_")); // Claude Code sends no tool-call id; the reporter made one
@@ -107,7 +100,7 @@ void ClaudeCodeTest::oneSession()
     QTRY_COMPARE_WITH_TIMEOUT(field("status"), QString("done"), kPatience);
 
     say("Make another file.\nRUN: touch denied.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(answerable(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(harness.asks(agent.processId()), kPatience);
     answer(false);
     QTRY_COMPARE_WITH_TIMEOUT(field("status"), QString("done"), kPatience);
     QVERIFY(!QFileInfo::exists(project + "/denied.txt"));

@@ -1,5 +1,6 @@
 #include "ClaudeHarness.h"
 
+#include "agents/AgentSession.h"
 #include "agents/HookInstaller.h"
 #include "app/Clock.h"
 
@@ -42,37 +43,34 @@ ClaudeHarness::~ClaudeHarness()
     m_api.waitForFinished(10'000);
 }
 
-QString ClaudeHarness::claude() const
-{
-    return QStringLiteral(VAXO_CLAUDE_BINARY);
-}
-
 QStringList ClaudeHarness::environment() const
 {
-    return {"PATH=/usr/bin:/bin",
-            "HOME=" + home(),
-            "VAXO_ASK_TIMEOUT=120",
-            "TMPDIR=" + m_temp.root(),
-            "TERM=xterm-256color",
-            "LANG=C.UTF-8",
-            "XDG_CONFIG_HOME=" + home() + "/.config",
-            "XDG_DATA_HOME=" + home() + "/.local/share",
-            "XDG_CACHE_HOME=" + home() + "/.cache",
-            QString("ANTHROPIC_BASE_URL=http://127.0.0.1:%1").arg(m_port),
-            "ANTHROPIC_API_KEY=sk-ant-test-offline",
-            "CLAUDE_CODE_MAX_RETRIES=0",
-            "CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC=1",
-            "DISABLE_AUTOUPDATER=1",
-            "HTTPS_PROXY=http://127.0.0.1:9",
-            "HTTP_PROXY=http://127.0.0.1:9",
-            "NO_PROXY=127.0.0.1,localhost"};
+    // No paths with blanks here: the test's folders are made by QTemporaryDir.
+    return QString("PATH=/usr/bin:/bin HOME=%1 VAXO_ASK_TIMEOUT=120 TMPDIR=%2 TERM=xterm-256color LANG=C.UTF-8 "
+                   "XDG_CONFIG_HOME=%1/.config XDG_DATA_HOME=%1/.local/share XDG_CACHE_HOME=%1/.cache "
+                   "ANTHROPIC_BASE_URL=http://127.0.0.1:%3 ANTHROPIC_API_KEY=sk-ant-test-offline "
+                   "CLAUDE_CODE_MAX_RETRIES=0 CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC=1 DISABLE_AUTOUPDATER=1 "
+                   "HTTPS_PROXY=http://127.0.0.1:9 HTTP_PROXY=http://127.0.0.1:9 NO_PROXY=127.0.0.1,localhost")
+        .arg(home(), m_temp.root())
+        .arg(m_port)
+        .split(' ');
 }
 
-QJsonObject ClaudeHarness::session() const
+QJsonObject ClaudeHarness::session(qint64 pid) const
 {
     const QFileInfoList files = QDir(m_temp.paths().sessions()).entryInfoList({"*.json"}, QDir::Files);
-    return files.size() == 1 ? QJsonDocument::fromJson(TempHome::read(files.first().filePath())).object()
-                             : QJsonObject();
+    for (const QFileInfo &info : files) {
+        const QJsonObject record = QJsonDocument::fromJson(TempHome::read(info.filePath())).object();
+        if (record.value("process").toObject().value("pid").toInteger() == pid)
+            return record;
+    }
+    return {};
+}
+
+bool ClaudeHarness::asks(qint64 pid) const
+{
+    const auto record = AgentSession::decode(QJsonDocument(session(pid)).toJson());
+    return record && record->isAnswerable();
 }
 
 void ClaudeHarness::report() const

@@ -19,7 +19,7 @@ public:
 
     // Whether Claude Code is installed and the stand-in listens.
     bool ready() const { return m_port > 0; }
-    QString claude() const;
+    QString claude() const { return QStringLiteral(VAXO_CLAUDE_BINARY); }
     const TempHome &temp() const { return m_temp; }
     QString home() const { return m_temp.root() + QStringLiteral("/home"); }
     QString project() const { return m_project; }
@@ -27,9 +27,11 @@ public:
     // another host meets a closed loopback port and fails at once.
     QStringList environment() const;
 
-    // The one session's file as an object (empty while there is none, or more than one).
-    QJsonObject session() const;
-    QString field(const char *key) const { return session().value(QLatin1String(key)).toString(); }
+    // The session file of Claude Code's process, as an object (empty while there is none).
+    QJsonObject session(qint64 pid) const;
+    QString field(qint64 pid, const char *key) const { return session(pid).value(QLatin1String(key)).toString(); }
+    // Whether that session waits for an answer the island can give.
+    bool asks(qint64 pid) const;
     // Prints what the stand-in was asked, for a failed test.
     void report() const;
 

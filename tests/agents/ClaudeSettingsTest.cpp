@@ -27,7 +27,6 @@ private slots:
     void linkStaysALink();
 
 private:
-    QByteArray install(const QByteArray &before);
     QByteArray uninstall();
     QString settings() const { return m_installer->settingsFile(); }
 
@@ -83,23 +82,12 @@ bool isWithin(const QList<QByteArray> &part, const QList<QByteArray> &whole)
 // with escapes and every script, numbers in every form JSON allows.
 QByteArray value(QRandomGenerator &random, int depth)
 {
-    static const QList<QByteArray> scalars{"0",
-                                           "-0",
-                                           "1.0",
-                                           "-1.5e+300",
-                                           "1E2",
-                                           "2e-7",
-                                           "0.1",
-                                           "12345678901234567890",
-                                           "-123456789012345678901234567890",
-                                           "9007199254740993",
-                                           "true",
-                                           "false",
-                                           "null",
-                                           R"("plain")",
-                                           R"("caf\u00e9 \ud83d\ude00 \/ \" \\ \n")",
-                                           "\"\xe6\x97\xa5\xe6\x9c\xac \xd8\xb9\xd8\xb1\xd8\xa8\xd9\x8a\"",
-                                           R"("")"};
+    static const QList<QByteArray> scalars =
+        QByteArray("0|-0|1.0|-1.5e+300|1E2|2e-7|0.1|12345678901234567890|-123456789012345678901234567890|"
+                   "9007199254740993|true|false|null|\"plain\"|"
+                   R"("caf\u00e9 \ud83d\ude00 \/ \" \\ \n")"
+                   "|\"\xe6\x97\xa5\xe6\x9c\xac \xd8\xb9\xd8\xb1\xd8\xa8\xd9\x8a\"|\"\"")
+            .split('|');
     const int kind = depth > 2 ? 0 : int(random.bounded(4));
     if (kind == 0 || kind == 1)
         return scalars.at(random.bounded(int(scalars.size())));
@@ -136,14 +124,6 @@ void ClaudeSettingsTest::init()
     m_clock = std::make_unique<vaxo::test::FakeClock>(1'750'000'000.0); // 2025-06-15 UTC
     m_installer = std::make_unique<HookInstaller>(m_home->paths(), m_home->root(), *m_clock);
     QDir().mkpath(m_installer->claudeFolder());
-}
-
-QByteArray ClaudeSettingsTest::install(const QByteArray &before)
-{
-    TempHome::write(settings(), before);
-    QTest::ignoreMessage(QtInfoMsg, kInstalled);
-    [&] { QVERIFY(m_installer->mergeSettings()); }();
-    return TempHome::read(settings());
 }
 
 QByteArray ClaudeSettingsTest::uninstall()
@@ -210,7 +190,10 @@ void ClaudeSettingsTest::everyValueSurvivesInstallAndUninstall()
     for (int round = 0; round < 60; ++round) {
         const QByteArray before = document(random);
         QVERIFY2(QJsonDocument::fromJson(before).isObject(), before.constData());
-        const QByteArray installed = install(before);
+        TempHome::write(settings(), before);
+        QTest::ignoreMessage(QtInfoMsg, kInstalled);
+        QVERIFY(m_installer->mergeSettings());
+        const QByteArray installed = TempHome::read(settings());
         QVERIFY2(isWithin(tokens(before), tokens(installed)), installed.constData());
         const QJsonObject hooks = QJsonDocument::fromJson(installed).object().value("hooks").toObject();
         for (const QString &event : HookInstaller::events())

@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <functional>
 
 using vaxo::AgentSession;
 using vaxo::test::ClaudeHarness;
@@ -35,12 +36,15 @@ private:
     QByteArray tmux(const QStringList &args);
     // Starts Claude Code in a new terminal window; returns its process id.
     qint64 startClaude(const QString &window);
-    void type(const QString &window, const QString &text);
+    // Types a prompt into the window of Claude Code's process pid and submits it.
+    void type(const QString &window, qint64 pid, const QString &text);
     // Picks an option of the permission dialog by its number.
     void choose(const QString &window, const QString &option);
+    // Presses key now and again, never twice within a second, until done holds.
+    void pressUntil(const QString &window, const QString &key, const std::function<bool()> &done, int timeout);
     QString screen(const QString &window) { return QString::fromUtf8(tmux({"capture-pane", "-p", "-t", window})); }
     // The session of Claude Code's process, as its file says and as the island lists it.
-    QJsonObject file(qint64 pid) const;
+    QString field(qint64 pid, const char *key = "status") const { return m_harness->field(pid, key); }
     QString listed(qint64 pid) const;
     // Reporters still running for this test's sessions.
     int reporters() const;
@@ -127,36 +131,35 @@ qint64 ClaudeTerminalTest::startClaude(const QString &window)
     return pid;
 }
 
-void ClaudeTerminalTest::choose(const QString &window, const QString &option)
+void ClaudeTerminalTest::pressUntil(const QString &window, const QString &key, const std::function<bool()> &done,
+                                    int timeout)
 {
-    // The dialog ignores keys for a moment after it shows: the number is pressed again, now and
-    // then, until the dialog is gone; a press that came too late is cleared from the prompt.
     QElapsedTimer since;
     const auto press = [&] {
-        if (since.isValid() && since.elapsed() < 400)
+        if (since.isValid() && since.elapsed() < 1000)
             return;
-        tmux({"send-keys", "-t", window, option});
+        tmux({"send-keys", "-t", window, key});
         since.start();
     };
-    [&] { QTRY_VERIFY_WITH_TIMEOUT(!screen(window).contains("Do you want to proceed?") || (press(), false), kSoon); }();
+    [&] { QTRY_VERIFY_WITH_TIMEOUT(done() || (press(), false), timeout); }();
+}
+
+void ClaudeTerminalTest::choose(const QString &window, const QString &option)
+{
+    // The dialog ignores keys for a moment after it shows: a press that came too late is cleared from
+    // the prompt.
+    pressUntil(
+        window, option, [&] { return !screen(window).contains("Do you want to proceed?"); }, kSoon);
     tmux({"send-keys", "-t", window, "C-u"});
 }
 
-void ClaudeTerminalTest::type(const QString &window, const QString &text)
+void ClaudeTerminalTest::type(const QString &window, qint64 pid, const QString &text)
 {
     tmux({"send-keys", "-t", window, "-l", text});
-    tmux({"send-keys", "-t", window, "Enter"});
-}
-
-QJsonObject ClaudeTerminalTest::file(qint64 pid) const
-{
-    const QFileInfoList files = QDir(m_harness->temp().paths().sessions()).entryInfoList({"*.json"}, QDir::Files);
-    for (const QFileInfo &info : files) {
-        const QJsonObject record = QJsonDocument::fromJson(TempHome::read(info.filePath())).object();
-        if (record.value("process").toObject().value("pid").toInteger() == pid)
-            return record;
-    }
-    return {};
+    // Text that arrives this fast can still count as a paste when Enter follows, and the Enter is then
+    // lost: it is pressed again until the prompt has reached the session.
+    pressUntil(
+        window, "Enter", [&] { return field(pid, "last_prompt").contains(text); }, kPatience);
 }
 
 QString ClaudeTerminalTest::listed(qint64 pid) const
@@ -181,38 +184,37 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
 {
     const qint64 pid = startClaude("answers");
     const QString project = m_harness->project();
-    const auto asks = [&] { return file(pid).value("status") == "waiting" && !file(pid).value("ask_id").isNull(); };
 
     // Refused in the terminal: the question leaves the island, and its reporter ends.
-    type("answers", "Make a file. RUN: touch refused.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
+    type("answers", pid, "Make a file. RUN: touch refused.txt");
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains(QRegularExpression("\\d\\. No")), kPatience);
     choose("answers", QRegularExpression("(\\d)\\. No").match(screen("answers")).captured(1));
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kSoon);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kSoon);
     QTRY_COMPARE_WITH_TIMEOUT(reporters(), 0, kSoon);
     QVERIFY(!QFileInfo::exists(project + "/refused.txt"));
 
     // Allowed there: the same.
-    type("answers", "Make a file. RUN: touch allowed.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
+    type("answers", pid, "Make a file. RUN: touch allowed.txt");
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
     QTRY_VERIFY_WITH_TIMEOUT(screen("answers").contains("1. Yes"), kPatience);
     choose("answers", "1");
-    QTRY_VERIFY_WITH_TIMEOUT(file(pid).value("status") != "waiting", kSoon);
+    QTRY_VERIFY_WITH_TIMEOUT(field(pid) != "waiting", kSoon);
     QTRY_COMPARE_WITH_TIMEOUT(reporters(), 0, kSoon);
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/allowed.txt"), kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
 
     // "Always" from the island: the call runs, and the next of its kind is not asked about (an ask
     // would hold the file back for the reporter's two minutes).
-    type("answers", "Make a file. RUN: touch always-1.txt");
-    QTRY_VERIFY_WITH_TIMEOUT(asks(), kPatience);
-    const auto record = AgentSession::decode(QJsonDocument(file(pid)).toJson());
+    type("answers", pid, "Make a file. RUN: touch always-1.txt");
+    QTRY_VERIFY_WITH_TIMEOUT(m_harness->asks(pid), kPatience);
+    const auto record = AgentSession::decode(QJsonDocument(m_harness->session(pid)).toJson());
     QVERIFY(record && record->offersAlways());
     vaxo::AskDecision(m_harness->temp().paths().decisions(), vaxo::Clock::system())
         .answer(*record->askId, vaxo::AskDecision::Answer::Always);
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-1.txt"), kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
-    type("answers", "Make another. RUN: touch always-2.txt");
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
+    type("answers", pid, "Make another. RUN: touch always-2.txt");
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(project + "/always-2.txt"), kPatience);
     QVERIFY(!screen("answers").contains("Do you want to proceed?"));
 }
@@ -220,29 +222,29 @@ void ClaudeTerminalTest::answersInTheTerminalAndFromTheIsland()
 void ClaudeTerminalTest::finishedAndFailedTurnsStayDone()
 {
     const qint64 pid = startClaude("turns");
-    type("turns", "Say hello.");
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("status").toString(), QString("done"), kPatience);
+    type("turns", pid, "Say hello.");
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid), QString("done"), kPatience);
     // A minute after the turn Claude Code says it waits for input: that changes nothing.
     const QString log = m_harness->temp().root() + "/notifications.log";
     QTRY_VERIFY_WITH_TIMEOUT(TempHome::read(log).contains("\"idle_prompt\""), 3 * kPatience);
-    QCOMPARE(file(pid).value("status").toString(), QString("done"));
+    QCOMPARE(field(pid), QString("done"));
     QCOMPARE(listed(pid), QString("done"));
 
     // The API fails the next turn: done, and the card can say why.
-    type("turns", "Fail now. FAIL: 429 rate_limit_error");
-    QTRY_COMPARE_WITH_TIMEOUT(file(pid).value("waiting_for").toString(), QString("rate_limit"), kPatience);
-    QCOMPARE(file(pid).value("status").toString(), QString("done"));
+    type("turns", pid, "Fail now. FAIL: 429 rate_limit_error");
+    QTRY_COMPARE_WITH_TIMEOUT(field(pid, "waiting_for"), QString("rate_limit"), kPatience);
+    QCOMPARE(field(pid), QString("done"));
 }
 
 void ClaudeTerminalTest::interruptedAndClosedSessions()
 {
     const qint64 first = startClaude("first");
     const qint64 second = startClaude("second");
-    type("second", "Say hello.");
+    type("second", second, "Say hello.");
     QTRY_COMPARE_WITH_TIMEOUT(listed(second), QString("done"), kPatience);
 
     // Esc during a turn: no hook runs, yet the island sees the turn end.
-    type("first", "Say hello. HOLD: " + m_harness->project() + "/never");
+    type("first", first, "Say hello. HOLD: " + m_harness->project() + "/never");
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("working"), kPatience);
     tmux({"send-keys", "-t", "first", "Escape"});
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("done"), kSoon);
@@ -250,7 +252,7 @@ void ClaudeTerminalTest::interruptedAndClosedSessions()
     // Its terminal's process killed outright (no SessionEnd can run): the session goes, the other stays.
     QVERIFY(::kill(pid_t(first), SIGKILL) == 0);
     QTRY_COMPARE_WITH_TIMEOUT(listed(first), QString("none"), kSoon);
-    QVERIFY(file(first).isEmpty());
+    QVERIFY(m_harness->session(first).isEmpty());
     QCOMPARE(listed(second), QString("done"));
 }
 

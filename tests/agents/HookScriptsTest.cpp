@@ -4,6 +4,7 @@
 #include "agents/AgentSession.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
+#include "platform/linux/PidfdProcessWatcher.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -19,6 +20,7 @@
 
 using vaxo::AskDecision;
 using vaxo::HookInstaller;
+using vaxo::linux_platform::PidfdProcessWatcher;
 using vaxo::test::rows;
 using vaxo::test::TempHome;
 
@@ -34,15 +36,13 @@ private slots:
     void recordCarriesWhatTheEventDoesNotTouch();
     void permissionRequestWithoutIdGetsOne();
     void concurrentEventsNeverLeaveHalfAFile();
-    void terminalComesFromTheNearestAncestorWithOne();
+    void ancestorsGiveTheTerminalAndTheProcess();
     void hookEndsQuietlyWithoutItsReporter();
     void islandAnswers();
     void decisionFiles_data();
     void decisionFiles();
-    void reporterWaitsForTheClick();
     void answeredInTheTerminal_data();
     void answeredInTheTerminal();
-    void processIsTheNearestAncestorNotAShell();
     void reporterSurvivesAnyInput_data();
     void reporterSurvivesAnyInput();
 
@@ -80,12 +80,6 @@ void expectFields(const QJsonObject &record, const QString &want)
     const QJsonObject fields = json(want);
     for (auto it = fields.begin(); it != fields.end(); ++it)
         QCOMPARE(record.value(it.key()), it.value());
-}
-// The kernel's start time of a process, as the hook records it.
-QByteArray startOf(qint64 pid)
-{
-    const QByteArray stat = TempHome::read(QString("/proc/%1/stat").arg(pid));
-    return stat.mid(stat.lastIndexOf(')') + 2).split(' ').value(19);
 }
 QByteArray decisionOutput(const QByteArray &behavior)
 {
@@ -321,18 +315,28 @@ void HookScriptsTest::concurrentEventsNeverLeaveHalfAFile()
     QCOMPARE(json(TempHome::read(file)).value("id").toString(), kSid);
 }
 
-void HookScriptsTest::terminalComesFromTheNearestAncestorWithOne()
+void HookScriptsTest::ancestorsGiveTheTerminalAndTheProcess()
 {
-    // Claude Code starts hooks in a session of their own, without a terminal, with the payload on a
-    // pipe: the terminal is the one of the nearest ancestor with one. script(1) gives that ancestor one.
-    const QString payload = m_home->root() + "/payload.json";
-    TempHome::write(payload, R"({"session_id":")" + kSid.toUtf8() + "\"}");
+    // Claude Code starts the hook through a shell: the process is the nearest ancestor that is not one.
+    const qint64 self = QCoreApplication::applicationPid();
+    const QByteArray payload = R"({"session_id":")" + kSid.toUtf8() + "\"}";
+    const QString script = m_home->paths().hookScript(), file = sessions() + "/" + kSid + ".json";
+    for (const QStringList &command : {QStringList{"/bin/bash", script, "Stop"},
+                                       QStringList{"/bin/sh", "-c", "/bin/bash \"$0\" Stop; true", script}}) {
+        QCOMPARE(run(command, payload, environment()).code, 0);
+        QCOMPARE(json(TempHome::read(file)).value("process").toObject(),
+                 (QJsonObject{{"pid", self}, {"start", PidfdProcessWatcher::startOf(self)}}));
+    }
+
+    // It starts hooks in a session of their own, without a terminal, with the payload on a pipe: the
+    // terminal is the one of the nearest ancestor with one. script(1) gives that ancestor one.
+    TempHome::write(m_home->root() + "/payload.json", payload);
     const QString inner = "tty; setsid -w /bin/bash \"$0\" Stop <\"$1\" >/dev/null 2>&1";
-    const QString command = "/bin/sh -c '" + inner + "' '" + m_home->paths().hookScript() + "' '" + payload + "'";
+    const QString command = "/bin/sh -c '" + inner + "' '" + script + "' '" + m_home->root() + "/payload.json'";
     const Run result = run({"/usr/bin/script", "-qec", command, "/dev/null"}, {}, environment());
     const QString terminal = QString::fromUtf8(result.out).trimmed();
     QVERIFY2(terminal.startsWith("/dev/pts/"), qPrintable(terminal + result.err));
-    QCOMPARE(json(TempHome::read(sessions() + "/" + kSid + ".json")).value("tty").toString(), terminal);
+    QCOMPARE(json(TempHome::read(file)).value("tty").toString(), terminal);
 }
 
 void HookScriptsTest::hookEndsQuietlyWithoutItsReporter()
@@ -424,29 +428,13 @@ void HookScriptsTest::decisionFiles()
     QCOMPARE(QFileInfo::exists(decisions() + "/" + file), !stays.isEmpty());
 }
 
-void HookScriptsTest::reporterWaitsForTheClick()
-{
-    // An unreadable budget counts as the default two minutes, not as none.
-    QProcess hook;
-    hook.setProcessEnvironment(environment("abc"));
-    hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
-    hook.write(kAsk);
-    hook.closeWriteChannel();
-    // The session turns answerable before the reporter starts to wait; the click comes after.
-    const QString file = sessions() + "/unknown.json";
-    QTRY_COMPARE_WITH_TIMEOUT(json(TempHome::read(file)).value("ask_id").toString(), QString("toolu_01"), 30'000);
-    AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", AskDecision::Answer::Allow);
-    QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 60'000);
-    QCOMPARE(hook.readAllStandardOutput(), decisionOutput("allow"));
-    QVERIFY(QDir(decisions()).entryList(QDir::Files).isEmpty());
-}
-
 void HookScriptsTest::answeredInTheTerminal_data()
 {
     QTest::addColumn<QByteArray>("change"); // what happens while the reporter waits
     QTest::addColumn<QByteArray>("after");  // the session's status then; "click" when it still waits
     // The request's transcript already holds an older refusal, and Claude Code's status of its
-    // process says "waiting" (the hook's process stands in for Claude Code's).
+    // process says "waiting" (the hook's process stands in for Claude Code's). The session turns
+    // answerable before the reporter starts to wait; a click comes after.
     rows(R"(
 refused                    | transcript {"type":"user","message":{"role":"user","content":[{"type":"tool_result","content":"The user doesn't want to proceed with this tool use.","is_error":true,"tool_use_id":"toolu_9"}]}} | done
 interrupted                | transcript {"type":"user","message":{"role":"user","content":[{"type":"text","text":"[Request interrupted by user for tool use]"}]}} | done
@@ -475,14 +463,14 @@ void HookScriptsTest::answeredInTheTerminal()
     const auto fill = [&](QByteArray text) {
         const QByteArray now = QByteArray::number(QDateTime::currentMSecsSinceEpoch());
         return text.replace("%SID", kSid.toUtf8())
-            .replace("%START", startOf(QCoreApplication::applicationPid()))
+            .replace("%START", PidfdProcessWatcher::startOf(QCoreApplication::applicationPid()).toUtf8())
             .replace("%NOW", now);
     };
     TempHome::write(status,
                     fill(R"({"sessionId":"%SID","procStart":"%START","status":"waiting","statusUpdatedAt":1})"));
 
     QProcess hook;
-    hook.setProcessEnvironment(environment("60"));
+    hook.setProcessEnvironment(environment("abc")); // unreadable: the default two minutes, not none
     hook.setChildProcessModifier([] { ::setpgid(0, 0); });
     hook.start("/bin/bash", {m_home->paths().hookScript(), "PermissionRequest"});
     hook.write(kAsk.chopped(1) + R"(,"session_id":")" + kSid.toUtf8() + R"(","transcript_path":")" +
@@ -503,6 +491,7 @@ void HookScriptsTest::answeredInTheTerminal()
     } else if (what == "term") { // as Claude Code ends the hook when its terminal got the answer
         if (change.contains(' '))
             TempHome::replace(status, fill(detail));
+        QVERIFY(hook.processId() > 0); // not 0: that would end the test's own group
         ::kill(-pid_t(hook.processId()), SIGTERM);
     } else {
         send(QString::fromUtf8(detail), json(R"({"tool_name":"Bash"})"));
@@ -511,6 +500,7 @@ void HookScriptsTest::answeredInTheTerminal()
         AskDecision(decisions(), vaxo::Clock::system()).answer("toolu_01", AskDecision::Answer::Allow);
     QTRY_COMPARE_WITH_TIMEOUT(hook.state(), QProcess::NotRunning, 30'000);
     QCOMPARE(hook.readAllStandardOutput(), after == "click" ? decisionOutput("allow") : QByteArray());
+    QVERIFY(QDir(decisions()).entryList(QDir::Files).isEmpty()); // a click's answer was taken
     if (after == "gone") {
         QVERIFY(!QFileInfo::exists(file)); // not written again
     } else if (after != "click") {
@@ -519,20 +509,6 @@ void HookScriptsTest::answeredInTheTerminal()
         const QJsonObject record = json(TempHome::read(file));
         expectFields(record, R"({"status":")" + after + R"(","ask_id":null,"ask_tool":null,"waiting_for":null})");
         QCOMPARE(record.value("last_action").toString(), what == "event" ? "Bash" : ""); // the event's own record stays
-    }
-}
-
-void HookScriptsTest::processIsTheNearestAncestorNotAShell()
-{
-    // Claude Code starts the hook through a shell; the shells between are passed over.
-    const qint64 self = QCoreApplication::applicationPid();
-    const QByteArray payload = R"({"session_id":")" + kSid.toUtf8() + "\"}";
-    const QString script = m_home->paths().hookScript();
-    for (const QStringList &command : {QStringList{"/bin/bash", script, "Stop"},
-                                       QStringList{"/bin/sh", "-c", "/bin/bash \"$0\" Stop; true", script}}) {
-        QCOMPARE(run(command, payload, environment()).code, 0);
-        QCOMPARE(json(TempHome::read(sessions() + "/" + kSid + ".json")).value("process").toObject(),
-                 (QJsonObject{{"pid", self}, {"start", QString(startOf(self))}}));
     }
 }
 

@@ -37,14 +37,6 @@ struct Tmux {
     }
 };
 
-AgentSession onTty(const QString &tty)
-{
-    AgentSession session;
-    session.id = QStringLiteral("s");
-    session.tty = tty;
-    return session;
-}
-
 } // namespace
 
 // Terminal windows and tmux panes brought forward for real: xterm under a window manager, a private
@@ -58,21 +50,6 @@ private slots:
             QSKIP("needs an X server with a window manager");
     }
 
-    void theTerminalOfTheTtyComesForward()
-    {
-        Xterm first, second;
-        QTRY_VERIFY_WITH_TIMEOUT(first.ready() && second.ready(), 20000);
-        QVERIFY(first.tty() != second.tty());
-
-        QVERIFY(LinuxTerminalFocus::focusTty(first.tty()));
-        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), first.window(), 10000);
-
-        // As the island asks: off its thread, for a session.
-        LinuxTerminalFocus focus;
-        focus.focus(onTty(second.tty()));
-        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), second.window(), 10000);
-    }
-
     void unknownTtysAreIgnored()
     {
         QVERIFY(!LinuxTerminalFocus::focusTty(QString()));
@@ -82,7 +59,7 @@ private slots:
         focus.focus(AgentSession{}); // no tty: nothing to do, nothing happens
     }
 
-    void theTmuxPaneIsSelectedAndItsTerminalComesForward()
+    void theTerminalAndThePaneOfTheTtyComeForward()
     {
         Tmux tmux;
         tmux.run({"new-session", "-d", "-s", "work", "-x", "80", "-y", "24"});
@@ -95,13 +72,22 @@ private slots:
         QVERIFY(!LinuxTerminalFocus::focusTty(hidden));
         QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));
 
+        // Two terminals, each on a tty of its own, and a third that shows the tmux session.
         tmux.run({"new-window", "-t", "work"});
-        Xterm other;
+        Xterm first, second;
         Xterm client(QStringLiteral("exec tmux -L %1 -f /dev/null attach -t work").arg(tmux.socket));
-        QTRY_VERIFY_WITH_TIMEOUT(other.ready() && client.ready(), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(first.ready() && second.ready() && client.ready(), 20000);
+        QVERIFY(first.tty() != second.tty());
         QTRY_VERIFY_WITH_TIMEOUT(!tmux.run({"list-clients"}).isEmpty(), 10000);
-        QVERIFY(LinuxTerminalFocus::focusTty(other.tty()));
-        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), other.window(), 10000);
+        QVERIFY(LinuxTerminalFocus::focusTty(first.tty()));
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), first.window(), 10000);
+
+        // As the island asks: off its thread, for a session.
+        LinuxTerminalFocus focus;
+        AgentSession session;
+        session.tty = second.tty();
+        focus.focus(session);
+        QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), second.window(), 10000);
 
         QVERIFY(LinuxTerminalFocus::focusTty(hidden));
         QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));

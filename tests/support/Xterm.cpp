@@ -38,7 +38,7 @@ bool Xterm::ready()
     }
     if (!m_window)
         m_window = output(QStringLiteral("xdotool"),
-                          {QStringLiteral("search"), QStringLiteral("--pid"), QString::number(pid())})
+                          {QStringLiteral("search"), QStringLiteral("--pid"), QString::number(m_process.processId())})
                        .trimmed()
                        .split('\n')
                        .value(0)

@@ -18,7 +18,6 @@ public:
     bool ready();
     QString tty() const { return m_tty; }
     quint32 window() const { return m_window; }
-    qint64 pid() const { return m_process.processId(); }
 
     // The window that the window manager calls active, 0 when none.
     static quint32 activeWindow();
