@@ -8,11 +8,10 @@
 #include "FaceFiles.h"
 
 #include <QDir>
-#include <QGuiApplication>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -27,52 +26,22 @@ std::unique_ptr<QQuickView> gallery(int side)
     auto view = std::make_unique<QQuickView>();
     view->engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     view->setColor(Qt::black);
-    view->setResizeMode(QQuickView::SizeRootObjectToView);
     QStringList colors;
     for (int mood = 0; mood < 7; ++mood)
         colors << Palette::mood(Mood(mood), QStringLiteral("blue"));
-    static QTemporaryDir dir;
-    QFile file(dir.filePath(QStringLiteral("Gallery.qml")));
-    file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    file.write(QStringLiteral(R"(
-import QtQuick
-import Vaxo.Island
-Row {
-    padding: %1 / 4
-    spacing: %1 / 3
-    Repeater {
-        model: ["%2"]
-        DrawnFace {
-            required property int index
-            required property string modelData
-            width: %1
-            height: %1
-            mood: index
-            color: modelData
-        }
-    }
-}
-)")
-                   .arg(side)
-                   .arg(colors.join(QStringLiteral("\",\"")))
-                   .toUtf8());
-    file.close();
-    view->setSource(QUrl::fromLocalFile(file.fileName()));
+    QQmlComponent row(view->engine());
+    row.setData(QStringLiteral("import QtQuick; import Vaxo.Island; Row { padding: %1 / 4; spacing: %1 / 3; "
+                               "Repeater { model: [\"%2\"]; DrawnFace { required property int index; "
+                               "required property string modelData; width: %1; height: %1; mood: index; "
+                               "color: modelData } } }")
+                    .arg(side)
+                    .arg(colors.join(QStringLiteral("\",\"")))
+                    .toUtf8(),
+                QUrl());
+    view->setContent(QUrl(), &row, row.create());
     view->resize(side / 2 + 7 * side + 6 * (side / 3), side + side / 2);
     view->show();
     return view;
-}
-
-// Every item of type T under item, in the visual tree (where Repeater and Loader put their items).
-template <typename T> QList<T *> itemsUnder(QQuickItem *item)
-{
-    QList<T *> found;
-    for (QQuickItem *child : item->childItems()) {
-        if (auto *match = qobject_cast<T *>(child))
-            found << match;
-        found << itemsUnder<T>(child);
-    }
-    return found;
 }
 
 bool clockRuns(const DrawnFace &face)
@@ -87,100 +56,94 @@ class DrawnFaceTest : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-    void eachMoodLooksItsOwn_data();
-    void eachMoodLooksItsOwn();
-    void movesOnlyWhileAnimating();
-    void theIslandsFaceFollowsTheGateAndTheFolder();
-};
 
-void DrawnFaceTest::eachMoodLooksItsOwn_data()
-{
-    QTest::addColumn<int>("side");
-    QTest::newRow("strip") << 18;
-    QTest::newRow("small") << 32;
-    QTest::newRow("card") << 92;
-    QTest::newRow("summon") << 260;
-}
-
-void DrawnFaceTest::eachMoodLooksItsOwn()
-{
-    QFETCH(int, side);
-    auto view = gallery(side);
-    QVERIFY(QTest::qWaitForWindowExposed(view.get(), 20'000));
-    QImage shot;
-    QTRY_VERIFY((shot = view->grabWindow(), !shot.isNull()));
-    const int ratio = shot.width() / view->width(); // 2 with QT_SCALE_FACTOR=2
-    if (const QString out = qEnvironmentVariable("VAXO_FACE_SHOTS"); !out.isEmpty()) {
-        QDir().mkpath(out);
-        shot.save(QStringLiteral("%1/face-moods-%2%3.png").arg(out).arg(side).arg(ratio > 1 ? "@2x" : ""));
+    void eachMoodLooksItsOwnAndMovesOnlyWhileAnimating_data()
+    {
+        QTest::addColumn<int>("side");
+        QTest::newRow("strip") << 18;
+        QTest::newRow("small") << 32;
+        QTest::newRow("card") << 92;
+        QTest::newRow("summon") << 260;
     }
-    QList<QImage> faces;
-    for (int mood = 0; mood < 7; ++mood) {
-        const QRect cell(QPoint(side / 4 + mood * (side + side / 3), side / 4) * ratio, QSize(side, side) * ratio);
-        const QImage face = shot.copy(cell);
-        QVERIFY(face.pixelColor(face.rect().center()) != QColor(Qt::black)); // her body fills the middle
-        QVERIFY2(!faces.contains(face), qPrintable(moodName(Mood(mood))));
-        faces << face;
-    }
-}
 
-void DrawnFaceTest::movesOnlyWhileAnimating()
-{
-    auto view = gallery(92);
-    QVERIFY(QTest::qWaitForWindowExposed(view.get(), 20'000));
-    const QList<DrawnFace *> faces = itemsUnder<DrawnFace>(view->rootObject());
-    QCOMPARE(faces.size(), 7);
-    DrawnFace &resting = *faces[int(Mood::Resting)];
-    const QImage still = view->grabWindow();
-    for (DrawnFace *face : faces)
-        QVERIFY(!clockRuns(*face));
-
-    // Blinks and glances are never more than a blink period away.
-    resting.setAnimating(true);
-    QVERIFY(clockRuns(resting));
-    QTRY_VERIFY_WITH_TIMEOUT(view->grabWindow() != still, 15'000);
-    resting.setAnimating(false);
-    QVERIFY(!clockRuns(resting));
-    QTRY_COMPARE(view->grabWindow(), still); // at rest, eyes open, as before
-}
-
-void DrawnFaceTest::theIslandsFaceFollowsTheGateAndTheFolder()
-{
-    test::FaceFiles files;
-    IslandAppDelegate delegate(files.home.paths());
-    delegate.controller().start();
-    QQuickView &panel = *delegate.controller().panel();
-    QVERIFY(QTest::qWaitForWindowExposed(&panel, 20'000));
-    const auto animating = [&] {
-        const auto faces = itemsUnder<DrawnFace>(panel.rootObject());
-        return std::count_if(faces.begin(), faces.end(), [](DrawnFace *f) { return f->animating() && clockRuns(*f); });
-    };
-    QTRY_VERIFY(!itemsUnder<DrawnFace>(panel.rootObject()).isEmpty());
-    QCOMPARE(animating(), 0);
-
-    AgentSession working;
-    working.id = QStringLiteral("a");
-    working.status = QStringLiteral("working");
-    delegate.state().apply({working});
-    QTRY_VERIFY(animating() > 0);
-
-    // Her own art for the mood, dropped into the folder, takes her place.
-    const auto still = [&]() -> QQuickItem * {
-        for (QQuickItem *item : itemsUnder<QQuickItem>(panel.rootObject())) {
-            if (item->objectName() == QLatin1String("faceStill") && item->isVisible())
-                return item;
+    void eachMoodLooksItsOwnAndMovesOnlyWhileAnimating()
+    {
+        QFETCH(int, side);
+        auto view = gallery(side);
+        QVERIFY(QTest::qWaitForWindowExposed(view.get(), 20'000));
+        QImage still;
+        QTRY_VERIFY((still = view->grabWindow(), !still.isNull()));
+        const int ratio = still.width() / view->width(); // 2 with QT_SCALE_FACTOR=2
+        if (const QString out = qEnvironmentVariable("VAXO_FACE_SHOTS"); !out.isEmpty()) {
+            QDir().mkpath(out);
+            still.save(QStringLiteral("%1/face-moods-%2%3.png").arg(out).arg(side).arg(ratio > 1 ? "@2x" : ""));
         }
-        return nullptr;
-    };
-    test::FaceFiles::still(files.user("working.png"), Qt::red);
-    QTRY_VERIFY(still());
-    QCOMPARE(still()->property("source").toUrl(), QUrl::fromLocalFile(files.user("working.png")));
-    QCOMPARE(animating(), 0);
+        QList<QImage> faces;
+        for (int mood = 0; mood < 7; ++mood) {
+            const QRect cell(QPoint(side / 4 + mood * (side + side / 3), side / 4) * ratio, QSize(side, side) * ratio);
+            const QImage face = still.copy(cell);
+            QVERIFY(face.pixelColor(face.rect().center()) != QColor(Qt::black)); // her body fills the middle
+            QVERIFY2(!faces.contains(face), qPrintable(moodName(Mood(mood))));
+            faces << face;
+        }
 
-    delegate.state().apply({});
-    QTRY_VERIFY(!still());
-    QTRY_COMPARE(animating(), 0);
-}
+        QList<DrawnFace *> drawn; // the row's items, after its Repeater
+        for (QQuickItem *item : view->rootObject()->childItems()) {
+            if (auto *face = qobject_cast<DrawnFace *>(item))
+                drawn << face;
+        }
+        QCOMPARE(drawn.size(), 7);
+        for (DrawnFace *face : drawn)
+            QVERIFY(!clockRuns(*face));
+        // Blinks and glances are never more than a blink period away.
+        DrawnFace &resting = *drawn[int(Mood::Resting)];
+        resting.setAnimating(true);
+        QVERIFY(clockRuns(resting));
+        QTRY_VERIFY_WITH_TIMEOUT(view->grabWindow() != still, 15'000);
+        resting.setAnimating(false);
+        QVERIFY(!clockRuns(resting));
+        QTRY_COMPARE(view->grabWindow(), still); // at rest, eyes open, as before
+    }
+
+    void theIslandsFaceFollowsTheGateAndTheFolder()
+    {
+        test::FaceFiles files;
+        IslandAppDelegate delegate(files.home.paths());
+        delegate.controller().start();
+        QQuickView &panel = *delegate.controller().panel();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel, 20'000));
+        const auto animating = [&] {
+            const auto faces = panel.rootObject()->findChildren<DrawnFace *>();
+            return std::count_if(faces.begin(), faces.end(),
+                                 [](DrawnFace *f) { return f->animating() && clockRuns(*f); });
+        };
+        QTRY_VERIFY(!panel.rootObject()->findChildren<DrawnFace *>().isEmpty());
+        QCOMPARE(animating(), 0);
+
+        AgentSession working;
+        working.id = QStringLiteral("a");
+        working.status = QStringLiteral("working");
+        delegate.state().apply({working});
+        QTRY_VERIFY(animating() > 0);
+
+        // Her own art for the mood, dropped into the folder, takes her place.
+        const auto still = [&]() -> QQuickItem * {
+            for (QQuickItem *item : panel.rootObject()->findChildren<QQuickItem *>()) {
+                if (item->objectName() == QLatin1String("faceStill") && item->isVisible())
+                    return item;
+            }
+            return nullptr;
+        };
+        test::FaceFiles::still(files.user("working.png"), Qt::red);
+        QTRY_VERIFY(still());
+        QCOMPARE(still()->property("source").toUrl(), QUrl::fromLocalFile(files.user("working.png")));
+        QCOMPARE(animating(), 0);
+
+        delegate.state().apply({});
+        QTRY_VERIFY(!still());
+        QTRY_COMPARE(animating(), 0);
+    }
+};
 
 QTEST_MAIN(DrawnFaceTest)
 #include "DrawnFaceTest.moc"

@@ -33,23 +33,31 @@ struct CountingDecoder final : ArtDecoder {
 struct Assets {
     Assets() : watcher(PlatformServices::newFolderWatcher()), assets(files.folders(), clock, watcher, decoder) {}
 
-    QString user(const QString &name) const { return files.user(name); }
-    QString bundled(const QString &name) const { return files.bundled(name); }
-    std::optional<FaceAssets::Clip> clip(const char *mood) const { return assets.clip(QLatin1String(mood)); }
-    QStringList frameNames(const char *mood) const
+    // What each mood shows, in the order of moods(): "-" for the drawn face, else its frames or its video
+    // (":loop" or ":once"), each file as "u/<name>" for the user's or "b/<name>" for built-in art.
+    QString shown() const
     {
-        QStringList names;
-        for (const QUrl &url : clip(mood).value_or(FaceAssets::Clip{}).frames)
-            names << QFileInfo(url.toLocalFile()).fileName();
-        return names;
+        const auto name = [this](const QUrl &url) {
+            const QString path = url.toLocalFile();
+            return (path.startsWith(files.user(QString())) ? "u/" : "b/") + QFileInfo(path).fileName();
+        };
+        QStringList shown;
+        for (const QString &mood : FaceAssets::moods()) {
+            const auto c = assets.clip(mood);
+            QStringList files;
+            for (const QUrl &url : c ? c->frames : QList<QUrl>())
+                files << name(url);
+            if (c && c->video)
+                files = {name(*c->video) + (c->loops ? ":loop" : ":once")};
+            shown << (files.isEmpty() ? QStringLiteral("-") : files.join(',') + (c->pingPong ? ":ping" : ""));
+        }
+        return shown.join(' ');
     }
-    // Loads, and waits until the video posters of the load are in.
-    void loadWithVideos(const QStringList &moods)
+    // Loads, and waits until the video poster of mood is in.
+    void loadWithVideo(const char *mood)
     {
         assets.load();
-        QTRY_VERIFY_WITH_TIMEOUT(
-            std::all_of(moods.begin(), moods.end(), [this](const QString &m) { return assets.clips().value(m).video; }),
-            30'000);
+        QTRY_VERIFY_WITH_TIMEOUT(assets.clips().value(mood).video, 30'000);
     }
 
     FaceFiles files;
@@ -64,274 +72,217 @@ struct Assets {
 class FaceAssetsTest : public QObject {
     Q_OBJECT
 private slots:
-    void parse_data();
-    void parse();
-    void fallbackChains();
-    void userArtHidesBuiltInArtPerMood();
-    void fileNames();
-    void controlFiles_data();
-    void controlFiles();
-    void videosShowTheirPosters();
-    void aStillBeatsAVideo();
-    void postersAreDecodedOncePerFileVersion();
-    void aBurstOfChangesReloadsOnce();
-    void moodArtFollowsTheMood();
-    void frameIndex_data();
-    void frameIndex();
+    void parse_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QByteArray>("mood"); // empty: ignored
+        QTest::addColumn<QByteArray>("index");
+        test::rows(R"(
+    plain         | Working                     | working  | 0
+    dash          | working-2                   | working  | 2
+    underscore    | working_03                  | working  | 3
+    space         | working 4                   | working  | 4
+    padded        |  Busy-12                    | busy     | 12
+    separators    | sleeping_-_7                | sleeping | 7
+    no number     | pleased-                    | pleased  | 0
+    digits inside | wait1ing                    |          |
+    other word    | workingface                 |          |
+    number only   | 2                           |          |
+    unknown mood  | happy-1                     |          |
+    long number   | resting99999999999999999999 | resting  | 9223372036854775807
+    )");
+    }
+
+    void parse()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(QByteArray, mood);
+        QFETCH(QByteArray, index);
+        const auto parsed = FaceAssets::parse(QString::fromUtf8(name));
+        QCOMPARE(parsed.has_value(), !mood.isEmpty());
+        if (parsed)
+            QCOMPARE(*parsed, std::pair(QString::fromUtf8(mood), index.toLongLong()));
+    }
+
+    void fallbackChains()
+    {
+        QStringList chains;
+        for (const QString &mood : FaceAssets::moods() + QStringList{"happy"})
+            chains << FaceAssets::fallbackChain(mood).join(' ');
+        QCOMPARE(chains, (QStringList{"sleeping resting", "resting", "working resting", "busy working resting",
+                                      "swamped busy working resting", "waiting resting", "pleased resting", "happy"}));
+    }
+
+    void load_data()
+    {
+        // Files are space-separated: ".mp4" and ".mov" are videos, "!" marks a file that is no image, and
+        // "name:text" a control file.
+        QTest::addColumn<QByteArray>("user");
+        QTest::addColumn<QByteArray>("bundled");
+        QTest::addColumn<QByteArray>("fps");
+        QTest::addColumn<QByteArray>("shown"); // sleeping resting working busy swamped waiting pleased
+        QTest::addColumn<QByteArray>("userMoods");
+        const QByteArray resting =
+            "u/resting.png u/resting.png u/resting.png b/busy.png b/busy.png u/resting.png u/resting.png";
+        const QByteArray pingPong = QByteArray(resting).replace(".png", ".png:ping");
+        test::rows(R"(
+    user art hides built-in per mood | busy-1.png busy-10.png busy-2.png | busy.png resting.png working.png | 12 | b/resting.png b/resting.png b/working.png u/busy-1.png,u/busy-2.png,u/busy-10.png u/busy-1.png,u/busy-2.png,u/busy-10.png b/resting.png b/resting.png | busy
+    file names | Working.PNG workingface.png .working.png working.txt Sleeping_03.JPEG resting.svg waiting.pdf busy-1.tiff busy-2.gif pleased.png! | | 12 | u/Sleeping_03.JPEG u/resting.svg u/Working.PNG u/busy-1.tiff u/busy-1.tiff u/waiting.pdf u/resting.svg | busy resting sleeping waiting working
+    videos hide built-in art | resting.mov sleeping.mp4 | resting.png working.png | 12 | u/sleeping.mp4:once u/resting.mov:loop b/working.png b/working.png b/working.png u/resting.mov:loop u/resting.mov:loop | resting sleeping
+    a still beats a video | working.png working.mp4 | busy.mp4 | 12 | - - u/working.png b/busy.mp4:loop b/busy.mp4:loop - - | working
+    )");
+        // The control files, read from the user's folder, apply to built-in art too.
+        const auto control = [&](const char *name, const char *files, const char *fps, const QByteArray &shown) {
+            QTest::newRow(name) << QByteArray("resting.png ") + files << QByteArray("busy.png") << QByteArray(fps)
+                                << shown << QByteArray("resting");
+        };
+        control("fps at most 60", "fps:120", "60", resting);
+        control("fps zero", "FPS:0", "12", resting);
+        control("fps text", "fps:quick", "12", resting);
+        control("fps trimmed, ping-pong", "Fps:24.5 LOOP:Ping-Pong", "24.5", pingPong);
+        control("loop wraps", "fps:8 loop:wrap", "8", resting);
+    }
+
+    void load()
+    {
+        QFETCH(QByteArray, user);
+        QFETCH(QByteArray, bundled);
+        QFETCH(QByteArray, fps);
+        QFETCH(QByteArray, shown);
+        QFETCH(QByteArray, userMoods);
+        Assets a;
+        int videos = 0;
+        for (const auto &[folder, names] :
+             {std::pair(a.files.user(""), user), std::pair(a.files.bundled(""), bundled)}) {
+            for (const QByteArray &name : names.split(' ')) {
+                const QString path = folder + QString::fromUtf8(name.split(':')[0]).remove('!');
+                if (name.contains(':'))
+                    test::TempHome::write(path, name.split(':')[1] + "\n");
+                else if (name.endsWith('!'))
+                    test::TempHome::write(path, "not an image");
+                else if (name.endsWith(".mp4") || name.endsWith(".mov"))
+                    QVERIFY(FaceFiles::video(path, "red", 64, 64) && ++videos);
+                else if (!name.isEmpty())
+                    FaceFiles::still(path, Qt::red);
+            }
+        }
+        a.assets.load();
+        // Posters come back in the order of the load, so once the last shows every video has been turned
+        // down or taken.
+        QTRY_COMPARE_WITH_TIMEOUT(a.shown(), QString::fromUtf8(shown), 30'000);
+        QCOMPARE(a.decoder.decodes, videos);
+        QCOMPARE(a.assets.fps(), fps.toDouble());
+        QStringList mine = a.assets.userMoods().values();
+        mine.sort();
+        QCOMPARE(mine.join(' '), QString::fromUtf8(userMoods));
+        const auto clips = a.assets.clips();
+        QCOMPARE(a.assets.generation(), 1 + std::count_if(clips.begin(), clips.end(), [](auto &c) { return c.video; }));
+    }
+
+    void postersAreDecodedOncePerFileVersion()
+    {
+        Assets a;
+        QVERIFY(FaceFiles::video(a.files.user("waiting.mp4"), "red", 96, 64));
+        a.loadWithVideo("waiting");
+        QCOMPARE(a.decoder.decodes, 1);
+        const QList<QUrl> poster = a.assets.clip("waiting")->frames;
+        QCOMPARE(poster.size(), 1);
+        QVERIFY(poster.first().toLocalFile().startsWith(a.files.home.paths().faceFrames() + "/waiting.mp4-"));
+        const QImage image(poster.first().toLocalFile());
+        QVERIFY(FaceFiles::isMostly(image, Qt::red));
+        QCOMPARE(image.size(), QSize(96, 64));
+
+        // Later loads, in this program or the next, read the poster from the cache.
+        a.loadWithVideo("waiting");
+        FaceAssets next(a.files.folders(), a.clock, PlatformServices::newFolderWatcher(), a.decoder);
+        next.load();
+        QTRY_VERIFY(next.clips().value("waiting").video);
+        QCOMPARE(next.clips().value("waiting").frames, poster);
+        QCOMPARE(a.decoder.decodes, 1);
+        QCOMPARE(a.assets.frames(QUrl::fromLocalFile(a.files.user("waiting.mp4")), 1, 512, 1), poster);
+
+        // A replaced file is decoded afresh.
+        QVERIFY(FaceFiles::video(a.files.user("waiting.mp4"), "blue", 80, 48));
+        a.loadWithVideo("waiting");
+        QCOMPARE(a.decoder.decodes, 2);
+        QVERIFY(FaceFiles::isMostly(QImage(a.assets.clip("waiting")->frames.first().toLocalFile()), Qt::blue));
+    }
+
+    void aBurstOfChangesReloadsOnce()
+    {
+        Assets a;
+        a.assets.watch();
+        QVERIFY(QFileInfo(a.files.user("")).isDir());
+        QSignalSpy loads(&a.assets, &FaceAssets::generationChanged);
+        QSignalSpy events(a.watcher, &FolderWatcher::changed);
+        const QString source = a.files.home.root() + "/frame.png";
+        FaceFiles::still(source, Qt::red);
+        for (int i = 1; i <= 10; ++i)
+            QVERIFY(QFile::copy(source, a.files.user(QStringLiteral("busy-%1.png").arg(i))));
+        QVERIFY(events.wait());
+        a.clock.advance(0.2);
+        QCOMPARE(loads.count(), 0);
+        // Another change restarts the wait.
+        QVERIFY(QFile::copy(source, a.files.user("busy-11.png")));
+        QVERIFY(events.wait());
+        a.clock.advance(0.2);
+        QCOMPARE(loads.count(), 0);
+        a.clock.advance(0.05);
+        QCOMPARE(loads.count(), 1);
+        QCOMPARE(a.assets.clip("busy")->frames.size(), 11);
+        a.clock.advance(5);
+        QCOMPARE(loads.count(), 1);
+    }
+
+    void moodArtFollowsTheMood()
+    {
+        Assets a;
+        test::StateFixture fixture(a.clock);
+        MoodArt art(a.assets, fixture.state);
+        QSignalSpy changed(&art, &MoodArt::changed);
+        QCOMPARE(art.kind(), MoodArt::Kind::Drawn);
+        FaceFiles::still(a.files.user("busy-1.png"), Qt::red);
+        FaceFiles::still(a.files.user("busy-2.png"), Qt::red);
+        test::TempHome::write(a.files.user("fps"), "24");
+        a.assets.load();
+        QCOMPARE(changed.count(), 1); // the frame rate; resting still has no art
+        QCOMPARE(art.kind(), MoodArt::Kind::Drawn);
+        AgentSession working;
+        working.status = QStringLiteral("working");
+        fixture.state.apply({working, working}); // two of them: busy
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(art.kind(), MoodArt::Kind::Still);
+        QCOMPARE(art.frames().size(), 2);
+        QCOMPARE(art.frameInterval(), 42);
+        a.assets.load();
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void frameIndex_data()
+    {
+        QTest::addColumn<QByteArray>("count");
+        QTest::addColumn<QByteArray>("cycle");
+        QTest::addColumn<QByteArray>("indices"); // for steps 0, 1, 2, ...
+        test::rows(R"(
+    wrap             | 3 | wrap | 0 1 2 0 1 2 0
+    ping-pong        | 4 | ping | 0 1 2 3 2 1 0 1 2 3
+    ping-pong of two | 2 | ping | 0 1 0 1
+    one frame        | 1 | ping | 0 0 0
+    none             | 0 | wrap | 0 0
+    )");
+    }
+
+    void frameIndex()
+    {
+        QFETCH(QByteArray, count);
+        QFETCH(QByteArray, cycle);
+        QFETCH(QByteArray, indices);
+        QByteArrayList steps;
+        for (int step = 0; step < indices.split(' ').size(); ++step)
+            steps << QByteArray::number(MoodArt::frameIndex(step, count.toInt(), cycle == "ping"));
+        QCOMPARE(steps.join(' '), indices);
+    }
 };
-
-void FaceAssetsTest::parse_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QByteArray>("mood"); // empty: ignored
-    QTest::addColumn<QByteArray>("index");
-    test::rows(R"(
-plain         | Working                     | working  | 0
-dash          | working-2                   | working  | 2
-underscore    | working_03                  | working  | 3
-space         | working 4                   | working  | 4
-padded        |  Busy-12                    | busy     | 12
-separators    | sleeping_-_7                | sleeping | 7
-no number     | pleased-                    | pleased  | 0
-digits inside | wait1ing                    |          |
-other word    | workingface                 |          |
-number only   | 2                           |          |
-unknown mood  | happy-1                     |          |
-long number   | resting99999999999999999999 | resting  | 9223372036854775807
-)");
-}
-
-void FaceAssetsTest::parse()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(QByteArray, mood);
-    QFETCH(QByteArray, index);
-    const auto parsed = FaceAssets::parse(QString::fromUtf8(name));
-    QCOMPARE(parsed.has_value(), !mood.isEmpty());
-    if (parsed)
-        QCOMPARE(*parsed, std::pair(QString::fromUtf8(mood), index.toLongLong()));
-}
-
-void FaceAssetsTest::fallbackChains()
-{
-    const auto chain = [](const char *mood) { return FaceAssets::fallbackChain(QLatin1String(mood)).join(' '); };
-    QCOMPARE(chain("swamped"), "swamped busy working resting");
-    QCOMPARE(chain("busy"), "busy working resting");
-    QCOMPARE(chain("sleeping"), "sleeping resting");
-    QCOMPARE(chain("waiting"), "waiting resting");
-    QCOMPARE(chain("pleased"), "pleased resting");
-    QCOMPARE(chain("resting"), "resting");
-    QCOMPARE(chain("happy"), "happy");
-    QCOMPARE(FaceAssets::moods().join(' '), "sleeping resting working busy swamped waiting pleased");
-}
-
-void FaceAssetsTest::userArtHidesBuiltInArtPerMood()
-{
-    Assets a;
-    for (const char *name : {"busy-1.png", "busy-10.png", "busy-2.png"})
-        FaceFiles::still(a.user(name), Qt::red);
-    for (const char *name : {"busy.png", "resting.png", "working.png"})
-        FaceFiles::still(a.bundled(name), Qt::blue);
-    a.assets.load();
-    QCOMPARE(a.frameNames("busy"), QStringList({"busy-1.png", "busy-2.png", "busy-10.png"}));
-    QCOMPARE(a.clip("busy")->frames.first(), QUrl::fromLocalFile(a.user("busy-1.png")));
-    QCOMPARE(a.clip("swamped"), a.clip("busy"));
-    QCOMPARE(a.clip("working")->frames, QList<QUrl>{QUrl::fromLocalFile(a.bundled("working.png"))});
-    QCOMPARE(a.frameNames("sleeping"), QStringList{"resting.png"});
-    QCOMPARE(a.assets.userMoods(), QSet<QString>{"busy"});
-    QVERIFY(!a.clip("busy")->pingPong);
-    QCOMPARE(a.assets.generation(), 1);
-}
-
-void FaceAssetsTest::fileNames()
-{
-    Assets a;
-    for (const char *name : {"Working.PNG", "workingface.png", ".working.png", "working.txt", "Sleeping_03.JPEG",
-                             "resting.svg", "waiting.pdf", "busy-1.tiff", "busy-2.gif"})
-        FaceFiles::still(a.user(name), Qt::green);
-    test::TempHome::write(a.user("pleased.png"), "not an image");
-    a.assets.load();
-    QCOMPARE(a.frameNames("working"), QStringList{"Working.PNG"});
-    QCOMPARE(a.frameNames("sleeping"), QStringList{"Sleeping_03.JPEG"});
-    QCOMPARE(a.frameNames("resting"), QStringList{"resting.svg"});
-    QCOMPARE(a.frameNames("waiting"), QStringList{"waiting.pdf"});
-    QCOMPARE(a.frameNames("busy"), QStringList{"busy-1.tiff"});
-    QVERIFY(!a.assets.clips().contains("pleased"));
-    QCOMPARE(a.assets.clips().size(), 5);
-}
-
-void FaceAssetsTest::controlFiles_data()
-{
-    QTest::addColumn<QByteArray>("fpsName");
-    QTest::addColumn<QByteArray>("fps");
-    QTest::addColumn<QByteArray>("loop");
-    QTest::addColumn<QByteArray>("expected"); // fps and ping-pong
-    test::rows(R"(
-none         |     |          |              | 12 wrap
-at most 60   | fps | 120      |              | 60 wrap
-zero         | FPS | 0        |              | 12 wrap
-text         | fps | quick    |              | 12 wrap
-trimmed      | Fps |  24.5    | Ping-Pong    | 24.5 ping
-loop wraps   | fps | 8        | wrap         | 8 wrap
-)");
-}
-
-void FaceAssetsTest::controlFiles()
-{
-    QFETCH(QByteArray, fpsName);
-    QFETCH(QByteArray, fps);
-    QFETCH(QByteArray, loop);
-    QFETCH(QByteArray, expected);
-    Assets a;
-    FaceFiles::still(a.user("resting-1.png"), Qt::red);
-    FaceFiles::still(a.bundled("busy.png"), Qt::red);
-    if (!fpsName.isEmpty())
-        test::TempHome::write(a.user(QString::fromUtf8(fpsName)), fps + "\n");
-    if (!loop.isEmpty())
-        test::TempHome::write(a.user("LOOP"), loop);
-    a.assets.load();
-    const QString shown =
-        QStringLiteral("%1 %2").arg(a.assets.fps()).arg(a.clip("resting")->pingPong ? "ping" : "wrap");
-    QCOMPARE(shown, QString::fromUtf8(expected));
-    QCOMPARE(a.clip("busy")->pingPong, a.clip("resting")->pingPong);
-}
-
-void FaceAssetsTest::videosShowTheirPosters()
-{
-    Assets a;
-    QVERIFY(FaceFiles::video(a.user("resting.mov"), "red", 96, 64));
-    QVERIFY(FaceFiles::video(a.user("sleeping.mp4"), "blue", 64, 64));
-    FaceFiles::still(a.bundled("resting.png"), Qt::green);
-    FaceFiles::still(a.bundled("working.png"), Qt::green);
-    a.loadWithVideos({"resting", "sleeping"});
-
-    const auto resting = a.clip("resting");
-    QCOMPARE(resting->video, QUrl::fromLocalFile(a.user("resting.mov")));
-    QVERIFY(resting->loops);
-    QCOMPARE(resting->frames.size(), 1);
-    QVERIFY(FaceFiles::isMostly(resting->frames.first(), Qt::red));
-    QCOMPARE(QImage(resting->frames.first().toLocalFile()).size(), QSize(96, 64));
-    QVERIFY(!a.clip("sleeping")->loops);
-    QVERIFY(FaceFiles::isMostly(a.clip("sleeping")->frames.first(), Qt::blue));
-    // The user's video hides the built-in resting art from every mood whose chain ends there.
-    QCOMPARE(a.clip("waiting"), resting);
-    QCOMPARE(a.clip("pleased"), resting);
-    QCOMPARE(a.frameNames("working"), QStringList{"working.png"});
-    QCOMPARE(a.clip("swamped"), a.clip("working"));
-    QCOMPARE(a.assets.userMoods(), (QSet<QString>{"resting", "sleeping"}));
-}
-
-void FaceAssetsTest::aStillBeatsAVideo()
-{
-    Assets a;
-    FaceFiles::still(a.user("working.png"), Qt::red);
-    QVERIFY(FaceFiles::video(a.user("working.mp4"), "blue", 64, 64));
-    // Posters come back in order: once the built-in one is in, the user's has been turned down.
-    QVERIFY(FaceFiles::video(a.bundled("busy.mp4"), "green", 64, 64));
-    a.loadWithVideos({"busy"});
-    QCOMPARE(a.decoder.decodes, 2);
-    QVERIFY(!a.clip("working")->video);
-    QCOMPARE(a.frameNames("working"), QStringList{"working.png"});
-}
-
-void FaceAssetsTest::postersAreDecodedOncePerFileVersion()
-{
-    Assets a;
-    QVERIFY(FaceFiles::video(a.user("waiting.mp4"), "red", 64, 48));
-    a.loadWithVideos({"waiting"});
-    QCOMPARE(a.decoder.decodes, 1);
-    const QList<QUrl> poster = a.clip("waiting")->frames;
-    QVERIFY(poster.first().toLocalFile().startsWith(a.files.home.paths().faceFrames() + "/waiting.mp4-"));
-
-    // Later loads, in this program or the next, read the poster from the cache.
-    a.loadWithVideos({"waiting"});
-    FaceAssets next(a.files.folders(), a.clock, PlatformServices::newFolderWatcher(), a.decoder);
-    next.load();
-    QTRY_VERIFY(next.clips().value("waiting").video);
-    QCOMPARE(next.clips().value("waiting").frames, poster);
-    QCOMPARE(a.decoder.decodes, 1);
-    QCOMPARE(a.assets.frames(QUrl::fromLocalFile(a.user("waiting.mp4")), 1, 512, 1), poster);
-
-    // A replaced file is decoded afresh.
-    QVERIFY(FaceFiles::video(a.user("waiting.mp4"), "blue", 80, 48));
-    a.loadWithVideos({"waiting"});
-    QCOMPARE(a.decoder.decodes, 2);
-    QVERIFY(FaceFiles::isMostly(a.clip("waiting")->frames.first(), Qt::blue));
-}
-
-void FaceAssetsTest::aBurstOfChangesReloadsOnce()
-{
-    Assets a;
-    a.assets.watch();
-    QVERIFY(QFileInfo(a.user("")).isDir());
-    QSignalSpy loads(&a.assets, &FaceAssets::generationChanged);
-    QSignalSpy events(a.watcher, &FolderWatcher::changed);
-    const QString source = a.files.home.root() + "/frame.png";
-    FaceFiles::still(source, Qt::red);
-    for (int i = 1; i <= 10; ++i)
-        QVERIFY(QFile::copy(source, a.user(QStringLiteral("busy-%1.png").arg(i))));
-    QVERIFY(events.wait());
-    a.clock.advance(0.2);
-    QCOMPARE(loads.count(), 0);
-    // Another change restarts the wait.
-    QVERIFY(QFile::copy(source, a.user("busy-11.png")));
-    QVERIFY(events.wait());
-    a.clock.advance(0.2);
-    QCOMPARE(loads.count(), 0);
-    a.clock.advance(0.05);
-    QCOMPARE(loads.count(), 1);
-    QCOMPARE(a.clip("busy")->frames.size(), 11);
-    a.clock.advance(5);
-    QCOMPARE(loads.count(), 1);
-}
-
-void FaceAssetsTest::moodArtFollowsTheMood()
-{
-    Assets a;
-    test::StateFixture fixture(a.clock);
-    MoodArt art(a.assets, fixture.state);
-    QSignalSpy changed(&art, &MoodArt::changed);
-    QCOMPARE(art.kind(), MoodArt::Kind::Drawn);
-    FaceFiles::still(a.user("busy-1.png"), Qt::red);
-    FaceFiles::still(a.user("busy-2.png"), Qt::red);
-    test::TempHome::write(a.user("fps"), "24");
-    a.assets.load();
-    QCOMPARE(changed.count(), 1); // the frame rate; resting still has no art
-    QCOMPARE(art.kind(), MoodArt::Kind::Drawn);
-    AgentSession working;
-    working.status = QStringLiteral("working");
-    working.id = QStringLiteral("a");
-    AgentSession other = working;
-    other.id = QStringLiteral("b");
-    fixture.state.apply({working, other});
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(art.kind(), MoodArt::Kind::Still);
-    QCOMPARE(art.frames().size(), 2);
-    QCOMPARE(art.frameInterval(), 42);
-    a.assets.load();
-    QCOMPARE(changed.count(), 2);
-}
-
-void FaceAssetsTest::frameIndex_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("pingPong");
-    QTest::addColumn<QList<int>>("indices"); // for steps 0, 1, 2, ...
-    QTest::newRow("wrap") << 3 << false << QList<int>{0, 1, 2, 0, 1, 2, 0};
-    QTest::newRow("ping-pong") << 4 << true << QList<int>{0, 1, 2, 3, 2, 1, 0, 1, 2, 3};
-    QTest::newRow("ping-pong of two") << 2 << true << QList<int>{0, 1, 0, 1};
-    QTest::newRow("one frame") << 1 << true << QList<int>{0, 0, 0};
-    QTest::newRow("none") << 0 << false << QList<int>{0, 0};
-}
-
-void FaceAssetsTest::frameIndex()
-{
-    QFETCH(int, count);
-    QFETCH(bool, pingPong);
-    QFETCH(QList<int>, indices);
-    for (int step = 0; step < indices.size(); ++step)
-        QCOMPARE(MoodArt::frameIndex(step, count, pingPong), indices[step]);
-}
 
 QTEST_MAIN(FaceAssetsTest)
 #include "FaceAssetsTest.moc"

@@ -2,12 +2,10 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QImage>
 #include <QImageWriter>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QProcess>
-#include <QUrl>
 
 namespace vaxo::test {
 
@@ -41,11 +39,7 @@ bool FaceFiles::video(const QString &path, const char *color, int width, int hei
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
     const auto part = [&](const char *c, const char *seconds) {
-        return QStringLiteral("color=c=%1:s=%2x%3:d=%4:r=10")
-            .arg(QLatin1String(c))
-            .arg(width)
-            .arg(height)
-            .arg(QLatin1String(seconds));
+        return QStringLiteral("color=c=%1:s=%2x%3:d=%4:r=10").arg(c).arg(width).arg(height).arg(seconds);
     };
     const QString graph =
         then ? QStringLiteral("%1[a];%2[b];[a][b]concat=n=2:v=1").arg(part(color, "0.5"), part(then, "0.5"))
@@ -56,9 +50,8 @@ bool FaceFiles::video(const QString &path, const char *color, int width, int hei
     return ffmpeg.waitForFinished(60'000) && ffmpeg.exitStatus() == QProcess::NormalExit && ffmpeg.exitCode() == 0;
 }
 
-bool FaceFiles::isMostly(const QUrl &url, const QColor &color)
+bool FaceFiles::isMostly(const QImage &image, const QColor &color)
 {
-    const QImage image(url.toLocalFile());
     if (image.isNull())
         return false;
     const QColor middle = image.pixelColor(image.width() / 2, image.height() / 2);

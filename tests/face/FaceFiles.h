@@ -5,6 +5,7 @@
 #include "TempHome.h"
 
 #include <QColor>
+#include <QImage>
 
 namespace vaxo::test {
 
@@ -23,8 +24,8 @@ struct FaceFiles {
     // A one-second H.264 video of one colour (an ffmpeg colour name), width by height, or of two colours
     // half a second each; false when ffmpeg fails.
     static bool video(const QString &path, const char *color, int width, int height, const char *then = nullptr);
-    // The middle of the image at url is close to color.
-    static bool isMostly(const QUrl &url, const QColor &color);
+    // The middle of image is close to color.
+    static bool isMostly(const QImage &image, const QColor &color);
 };
 
 } // namespace vaxo::test

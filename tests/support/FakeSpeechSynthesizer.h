@@ -7,13 +7,11 @@
 namespace vaxo::test {
 
 // Records what it is asked to do as words ("list", "stop", "speak <voice>: <text>"); speaks until
-// the test says the line ended, and lists its voices when the test says so.
+// the test says the line ended, and lists its voices when the test emits voicesListed().
 struct FakeSpeechSynthesizer final : SpeechSynthesizer {
     QList<Voice> installed;
     QStringList calls;
     bool speaking = false;
-
-    void answerList() { emit voicesListed(); }
 
     void listVoices() override
     {
