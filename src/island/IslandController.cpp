@@ -5,9 +5,9 @@
 #include "app/IslandSettings.h"
 #include "island/IslandGeometry.h"
 #include "island/IslandState.h"
+#include "island/IslandWindow.h"
 #include "island/PanelLayout.h"
 #include "island/PanelPointer.h"
-#include "island/QmlTypes.h"
 #include "media/MusicSection.h"
 #include "platform/DesktopWindows.h"
 #include "platform/PanelShell.h"
@@ -16,7 +16,6 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QQmlEngine>
 #include <QQuickView>
 #include <QScreen>
 
@@ -84,17 +83,9 @@ void IslandController::show()
 {
     if (m_panel)
         return;
-    qml::registerTypes();
-    m_panel = std::make_unique<QQuickView>();
-    m_services.shell.prepare(*m_panel);
-    m_panel->setColor(Qt::transparent);
-    m_panel->setTitle(QStringLiteral("VAXO Island"));
-    m_panel->setResizeMode(QQuickView::SizeRootObjectToView);
-    m_root = new IslandRoot(m_parts, this, m_panel.get());
-    m_root->installImageProviders(*m_panel->engine());
-    m_panel->engine()->addImportPath(QStringLiteral("qrc:/qt/qml")); // where the views' module lives
-    m_panel->setInitialProperties({{QStringLiteral("root"), QVariant::fromValue(m_root.data())}});
-    m_panel->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vaxo/Island/IslandView.qml")));
+    m_root = new IslandRoot(m_parts, this);
+    m_panel =
+        IslandWindow::create(m_services.shell, QStringLiteral("VAXO Island"), QStringLiteral("IslandView.qml"), m_root);
     layoutPanel();
     m_panel->show();
 

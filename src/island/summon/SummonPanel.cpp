@@ -3,13 +3,12 @@
 #include "app/AppActivity.h"
 #include "app/IslandSettings.h"
 #include "face/IslandVoice.h"
-#include "island/QmlTypes.h"
+#include "island/IslandWindow.h"
 #include "island/summon/SummonPlacement.h"
 #include "island/summon/SummonView.h"
 #include "platform/PanelShell.h"
 
 #include <QGuiApplication>
-#include <QQmlEngine>
 #include <QQuickView>
 #include <QScreen>
 
@@ -52,17 +51,9 @@ void SummonPanel::show()
 {
     const bool opening = !m_panel;
     if (opening) {
-        qml::registerTypes();
-        m_panel = std::make_unique<QQuickView>();
-        m_services.shell.prepare(*m_panel);
-        m_panel->setColor(Qt::transparent);
-        m_panel->setTitle(QStringLiteral("Vaxo"));
-        m_panel->setResizeMode(QQuickView::SizeRootObjectToView);
-        auto *root = new IslandRoot(m_parts, m_controller, m_panel.get());
-        m_panel->engine()->addImportPath(QStringLiteral("qrc:/qt/qml")); // where the views' module lives
-        m_panel->setInitialProperties({{QStringLiteral("root"), QVariant::fromValue(root)},
-                                       {QStringLiteral("summon"), QVariant::fromValue(this)}});
-        m_panel->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vaxo/Island/summon/SummonCard.qml")));
+        m_panel = IslandWindow::create(m_services.shell, QStringLiteral("Vaxo"),
+                                       QStringLiteral("summon/SummonCard.qml"), new IslandRoot(m_parts, m_controller),
+                                       {{QStringLiteral("summon"), QVariant::fromValue(this)}});
     }
     if (QScreen *screen = targetScreen())
         m_panel->setScreen(screen);
