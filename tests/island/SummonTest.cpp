@@ -16,10 +16,10 @@ using namespace vaxo;
 namespace {
 
 // "w:api-server h:docs" is a working session labelled api-server and a waiting one labelled docs.
-QList<AgentSession> sessionsFrom(const QByteArray &spec)
+QList<AgentSession> sessionsFrom(const QByteArray &words)
 {
     QList<AgentSession> sessions;
-    for (const QByteArray &word : spec.split(' ')) {
+    for (const QByteArray &word : words.split(' ')) {
         if (word.isEmpty())
             continue;
         AgentSession s;
