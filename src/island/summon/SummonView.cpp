@@ -3,9 +3,24 @@
 #include "agents/StatusLine.h"
 #include "island/IslandState.h"
 
-#include <algorithm>
-
 namespace vaxo {
+namespace {
+
+// The status sentence over the labels of the waiting and the working sessions.
+QString lineOf(const QList<AgentSession> &sessions, const std::optional<QString> &justFinished, bool userIdle)
+{
+    QStringList waiting;
+    QStringList working;
+    for (const AgentSession &session : sessions) {
+        if (session.isWaiting())
+            waiting << session.label;
+        else if (session.isWorking())
+            working << session.label;
+    }
+    return StatusLine::compose(waiting, working, justFinished, userIdle);
+}
+
+} // namespace
 
 SummonView::SummonView(const IslandState &state, QObject *parent) : QObject(parent), m_state(state)
 {
@@ -17,39 +32,11 @@ SummonView::SummonView(const IslandState &state, QObject *parent) : QObject(pare
 
 void SummonView::update()
 {
-    const QList<AgentSession> &sessions = m_state.agentSessions();
-    const Mood mood = moodOf(sessions, m_state.justFinishedAgent().has_value(), m_state.userIdle());
-    const QString line = lineOf(sessions, m_state.justFinishedAgent(), m_state.userIdle());
-    if (mood != m_mood) {
-        m_mood = mood;
-        emit moodChanged();
-    }
-    if (line != m_line) {
-        m_line = line;
-        emit lineChanged();
-    }
-}
-
-Mood SummonView::moodOf(const QList<AgentSession> &sessions, bool justFinished, bool userIdle)
-{
-    const auto count = [&sessions](bool (AgentSession::*is)() const) {
-        return int(std::count_if(sessions.begin(), sessions.end(), [is](const AgentSession &s) { return (s.*is)(); }));
-    };
-    return moodFor(count(&AgentSession::isWaiting), count(&AgentSession::isWorking), justFinished, userIdle);
-}
-
-QString SummonView::lineOf(const QList<AgentSession> &sessions, const std::optional<QString> &justFinished,
-                           bool userIdle)
-{
-    QStringList waiting;
-    QStringList working;
-    for (const AgentSession &session : sessions) {
-        if (session.isWaiting())
-            waiting << session.label;
-        else if (session.isWorking())
-            working << session.label;
-    }
-    return StatusLine::compose(waiting, working, justFinished, userIdle);
+    const QString line = lineOf(m_state.agentSessions(), m_state.justFinishedAgent(), m_state.userIdle());
+    if (line == m_line)
+        return;
+    m_line = line;
+    emit lineChanged();
 }
 
 } // namespace vaxo
