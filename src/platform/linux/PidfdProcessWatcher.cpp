@@ -1,6 +1,7 @@
 #include "platform/linux/PidfdProcessWatcher.h"
 
-#include <QFile>
+#include "platform/linux/ProcTerminals.h"
+
 #include <QSocketNotifier>
 
 #include <cerrno>
@@ -19,14 +20,7 @@ PidfdProcessWatcher::~PidfdProcessWatcher()
 
 QString PidfdProcessWatcher::startOf(qint64 pid)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(pid));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray stat = file.readAll();
-    // The command name may hold spaces and parentheses; the fields after it do not. The start
-    // time is the 20th of them.
-    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 1).simplified().split(' ');
-    return fields.size() >= 20 ? QString::fromLatin1(fields.at(19)) : QString();
+    return QString::fromLatin1(ProcTerminals::statFields(pid).value(19));
 }
 
 ProcessWatcher::Watch PidfdProcessWatcher::watch(qint64 pid, const QString &start)

@@ -28,15 +28,6 @@ QByteArray readAll(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The fields of /proc/PID/stat after the command name, which may itself hold blanks and brackets:
-// state, parent, process group, session, terminal device, ...
-QList<QByteArray> statFields(qint64 pid)
-{
-    const QByteArray stat = readAll(QStringLiteral("/proc/%1/stat").arg(pid));
-    const qsizetype close = stat.lastIndexOf(')');
-    return close < 0 ? QList<QByteArray>() : stat.mid(close + 2).split(' ');
-}
-
 // The "tty-index" line that the kernel writes in the fdinfo of a pseudo-terminal master.
 std::optional<int> ttyIndex(const QByteArray &fdinfo)
 {
@@ -71,6 +62,14 @@ QList<QByteArray> masterDescriptors(qint64 pid)
 }
 
 } // namespace
+
+QList<QByteArray> statFields(qint64 pid)
+{
+    const QByteArray stat = readAll(QStringLiteral("/proc/%1/stat").arg(pid));
+    // The command name may itself hold blanks and brackets; the fields after it do not.
+    const qsizetype close = stat.lastIndexOf(')');
+    return close < 0 ? QList<QByteArray>() : stat.mid(close + 2).trimmed().split(' ');
+}
 
 std::optional<qint64> masterHolder(int ptsNumber)
 {

@@ -8,9 +8,13 @@
 
 namespace vaxo::linux_platform {
 
-// What /proc says about the pseudo-terminals of the user's processes. Processes of other users and
-// processes that end while they are read are skipped. Any thread.
+// What /proc says about the user's processes and their pseudo-terminals. Processes of other users
+// and processes that end while they are read are skipped. Any thread.
 namespace ProcTerminals {
+
+// The fields of /proc/PID/stat after the command name: state, parent, process group, session,
+// terminal device, ..., the start time at index 19; empty when the process cannot be read.
+QList<QByteArray> statFields(qint64 pid);
 
 // The process that holds the master side of /dev/pts/<number>: the terminal (or multiplexer) that
 // draws it.

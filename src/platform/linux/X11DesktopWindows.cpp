@@ -45,10 +45,7 @@ quint32 X11DesktopWindows::atom(const char *name) const
     const auto cached = m_atoms.constFind(name);
     if (cached != m_atoms.constEnd())
         return *cached;
-    XcbReply<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(m_connection, xcb_intern_atom(m_connection, 0, quint16(qstrlen(name)), name), nullptr),
-        &std::free);
-    const quint32 value = reply ? reply->atom : quint32(XCB_ATOM_NONE);
+    const quint32 value = xcbAtom(m_connection, name);
     m_atoms.insert(name, value);
     return value;
 }

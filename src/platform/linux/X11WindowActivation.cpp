@@ -5,7 +5,6 @@
 #include <xcb/xcb.h>
 
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 
 namespace vaxo::linux_platform::X11WindowActivation {
@@ -13,18 +12,11 @@ namespace {
 
 using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 
-xcb_atom_t atom(xcb_connection_t *c, const char *name)
-{
-    XcbReply<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, uint16_t(std::strlen(name)), name), nullptr), &std::free);
-    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-}
-
 // The managed window of the first process in pids that has one; of several, the top-most.
 xcb_window_t windowOf(xcb_connection_t *c, xcb_window_t root, const QList<qint64> &pids)
 {
-    const QList<quint32> stacking = xcbValues(c, root, atom(c, "_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW);
-    const xcb_atom_t pidAtom = atom(c, "_NET_WM_PID");
+    const QList<quint32> stacking = xcbValues(c, root, xcbAtom(c, "_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW);
+    const xcb_atom_t pidAtom = xcbAtom(c, "_NET_WM_PID");
     QList<qint64> owners;
     for (quint32 window : stacking)
         owners << xcbValues(c, window, pidAtom, XCB_ATOM_CARDINAL).value(0);
@@ -53,7 +45,7 @@ bool activateWindowOf(const QList<qint64> &pids)
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = atom(c, "_NET_ACTIVE_WINDOW");
+    message.type = xcbAtom(c, "_NET_ACTIVE_WINDOW");
     message.data.data32[0] = 2;
     message.data.data32[1] = XCB_CURRENT_TIME;
     xcb_send_event(c, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,

@@ -1,6 +1,15 @@
 #include "platform/linux/XcbValues.h"
 
+#include <QByteArray>
+
 namespace vaxo::linux_platform {
+
+quint32 xcbAtom(xcb_connection_t *c, const char *name)
+{
+    XcbReply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, quint16(qstrlen(name)), name), nullptr), &std::free);
+    return reply ? reply->atom : quint32(XCB_ATOM_NONE);
+}
 
 QList<quint32> xcbValues(xcb_connection_t *c, quint32 window, quint32 property, quint32 type)
 {
