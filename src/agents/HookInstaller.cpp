@@ -157,10 +157,9 @@ QByteArray HookInstaller::withHooks(const QByteArray &settings) const
 {
     SettingsText text(settings);
     const QJsonObject hooks = QJsonDocument::fromJson(settings).object().value(QStringLiteral("hooks")).toObject();
-    if (text.member(text.root(), QStringLiteral("hooks")).opener(text.text()) != '{') {
-        const SettingsText::Span old = text.member(text.root(), QStringLiteral("hooks"));
+    const SettingsText::Span old = text.member(text.root(), QStringLiteral("hooks"));
+    if (old.opener(text.text()) != '{')
         old.found() ? text.replace(old, "{}") : text.appendMember(text.root(), QStringLiteral("hooks"), "{}");
-    }
     bool changed = false;
     for (const QString &event : events()) {
         const QJsonValue current = hooks.value(event);
