@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 bash scripts/build.sh >/dev/null
 for bench in build/bench/agents/bench_session_reload build/bench/agents/bench_hook \
-             build/bench/app/bench_tier_wakeups build/bench/media/bench_mpris_refresh \
+             build/bench/base/bench_tier_wakeups build/bench/media/bench_mpris_refresh \
              build/bench/secrets/bench_secrets build/bench/agents/bench_terminal_focus; do
   echo "== ${bench##*/}"
   "$bench"

@@ -4,8 +4,8 @@
 #include "ReporterWaitCost.h"
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
-#include "app/AppPaths.h"
-#include "app/Clock.h"
+#include "base/AppPaths.h"
+#include "base/Clock.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 // 200 events at 100 sessions), which includes the 50 ms coalescing delay.
 #include "agents/LocalHookSource.h"
 #include "agents/SessionDirectory.h"
-#include "app/Clock.h"
+#include "base/Clock.h"
 #include "platform/PlatformServices.h"
 
 #include <QCoreApplication>

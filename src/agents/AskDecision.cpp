@@ -1,6 +1,6 @@
 #include "agents/AskDecision.h"
 
-#include "app/Clock.h"
+#include "base/Clock.h"
 
 #include <QDateTime>
 #include <QDir>

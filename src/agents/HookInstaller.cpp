@@ -1,7 +1,7 @@
 #include "agents/HookInstaller.h"
 
 #include "agents/SettingsText.h"
-#include "app/Clock.h"
+#include "base/Clock.h"
 
 #include <QDateTime>
 #include <QDebug>

@@ -1,8 +1,8 @@
 #include "agents/LocalHookSource.h"
 
 #include "agents/SessionLiveness.h"
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "platform/FolderWatcher.h"
 
 #include <QDebug>

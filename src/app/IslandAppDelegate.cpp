@@ -1,14 +1,16 @@
 #include "app/IslandAppDelegate.h"
 
+#include "app/Backends.h"
+
 #include "agents/AskDecision.h"
 #include "agents/HookInstaller.h"
 #include "agents/LocalHookSource.h"
 #include "agents/SessionLiveness.h"
-#include "app/AppActivity.h"
-#include "app/Clock.h"
-#include "app/IslandScheduler.h"
-#include "app/IslandSettings.h"
-#include "app/LoginItem.h"
+#include "base/AppActivity.h"
+#include "base/Clock.h"
+#include "base/IslandScheduler.h"
+#include "base/IslandSettings.h"
+#include "base/LoginItem.h"
 #include "clipboard/IslandClipboard.h"
 #include "face/FaceAssets.h"
 #include "face/IslandVoice.h"
@@ -44,7 +46,7 @@
 namespace vaxo {
 
 IslandAppDelegate::IslandAppDelegate(AppPaths paths, QObject *parent)
-    : QObject(parent), m_paths(std::move(paths)), m_platform(PlatformServices::make()),
+    : QObject(parent), m_paths(std::move(paths)), m_platform(Backends::make()),
       m_settings(std::make_unique<IslandSettings>(m_paths.settingsFile()))
 {
     Clock &clock = Clock::system();

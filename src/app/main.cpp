@@ -1,6 +1,6 @@
-#include "app/AppPaths.h"
 #include "app/Cli.h"
 #include "app/IslandAppDelegate.h"
+#include "base/AppPaths.h"
 #include "platform/PlatformServices.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/KeyedListModel.h"
+#include "base/KeyedListModel.h"
 #include "clipboard/ClipItem.h"
 
 namespace vaxo {

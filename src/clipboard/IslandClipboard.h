@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Feeder.h"
+#include "base/Feeder.h"
 #include "clipboard/ClipImageStore.h"
 #include "clipboard/ClipItem.h"
 #include "clipboard/ClipStore.h"

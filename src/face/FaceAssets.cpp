@@ -1,7 +1,7 @@
 #include "face/FaceAssets.h"
 
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "platform/ArtDecoder.h"
 #include "platform/FolderWatcher.h"
 

@@ -1,7 +1,7 @@
 #include "feedback/Feedback.h"
 
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "platform/MailDrafts.h"
 #include "platform/Pasteboard.h"
 

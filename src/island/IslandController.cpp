@@ -1,8 +1,8 @@
 #include "island/IslandController.h"
 
-#include "app/Feeder.h"
-#include "app/IslandScheduler.h"
-#include "app/IslandSettings.h"
+#include "base/Feeder.h"
+#include "base/IslandScheduler.h"
+#include "base/IslandSettings.h"
 #include "island/IslandGeometry.h"
 #include "island/IslandState.h"
 #include "island/IslandWindow.h"
@@ -134,10 +134,11 @@ void IslandController::focusSession(const QString &sessionId)
     const auto session =
         std::find_if(sessions.begin(), sessions.end(), [&](const AgentSession &s) { return s.id == sessionId; });
     // A copy: collapsing may hand the state a new list.
-    const std::optional<AgentSession> target = session != sessions.end() ? std::optional(*session) : std::nullopt;
+    const std::optional<QString> tty =
+        session != sessions.end() ? std::optional(session->tty.value_or(QString())) : std::nullopt;
     m_state.collapse();
-    if (target)
-        m_services.terminals.focus(*target);
+    if (tty)
+        m_services.terminals.focus(*tty);
 }
 
 QScreen *IslandController::targetScreen() const

@@ -1,6 +1,6 @@
 #include "island/IslandLook.h"
 
-#include "app/IslandSettings.h"
+#include "base/IslandSettings.h"
 #include "island/IslandState.h"
 #include "island/Palette.h"
 

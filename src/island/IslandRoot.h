@@ -5,9 +5,9 @@
 
 class QQmlEngine;
 
-Q_MOC_INCLUDE("app/AppActivity.h")
-Q_MOC_INCLUDE("app/IslandSettings.h")
-Q_MOC_INCLUDE("app/LoginItem.h")
+Q_MOC_INCLUDE("base/AppActivity.h")
+Q_MOC_INCLUDE("base/IslandSettings.h")
+Q_MOC_INCLUDE("base/LoginItem.h")
 Q_MOC_INCLUDE("clipboard/IslandClipboard.h")
 Q_MOC_INCLUDE("feedback/Feedback.h")
 Q_MOC_INCLUDE("face/MoodArt.h")

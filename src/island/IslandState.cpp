@@ -1,9 +1,9 @@
 #include "island/IslandState.h"
 
 #include "agents/SessionSource.h"
-#include "app/Clock.h"
-#include "app/IslandSettings.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/IslandSettings.h"
+#include "base/Timer.h"
 #include "platform/SoundPlayer.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "agents/AgentSession.h"
-#include "app/Feeder.h"
-#include "app/IslandBusyInputs.h"
+#include "base/Feeder.h"
+#include "base/IslandBusyInputs.h"
 #include "island/IslandMode.h"
 #include "island/Mood.h"
 

@@ -1,7 +1,7 @@
 #include "island/PanelPointer.h"
 
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "island/IslandState.h"
 #include "island/PanelLayout.h"
 

@@ -3,10 +3,10 @@
 // The platform-free objects and enumerations the views name, registered with QML here so that the
 // libraries that define them need nothing but Qt Core.
 
-#include "app/AppActivity.h"
-#include "app/IslandSettings.h"
-#include "app/LoginItem.h"
-#include "app/Tier.h"
+#include "base/AppActivity.h"
+#include "base/IslandSettings.h"
+#include "base/LoginItem.h"
+#include "base/Tier.h"
 #include "clipboard/ClipKind.h"
 #include "clipboard/ClipListModel.h"
 #include "clipboard/IslandClipboard.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/KeyedListModel.h"
+#include "base/KeyedListModel.h"
 #include "island/SessionRow.h"
 
 namespace vaxo {

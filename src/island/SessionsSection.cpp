@@ -2,8 +2,8 @@
 
 #include "agents/AskDecision.h"
 #include "agents/StatusLine.h"
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "island/CardText.h"
 #include "island/IslandState.h"
 

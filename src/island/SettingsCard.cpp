@@ -1,6 +1,6 @@
 #include "island/SettingsCard.h"
 
-#include "app/IslandSettings.h"
+#include "base/IslandSettings.h"
 #include "island/Palette.h"
 
 #include <QDir>

@@ -1,9 +1,9 @@
 #include "media/IslandMedia.h"
 
-#include "app/AppPaths.h"
-#include "app/Clock.h"
-#include "app/IslandScheduler.h"
-#include "app/IslandSettings.h"
+#include "base/AppPaths.h"
+#include "base/Clock.h"
+#include "base/IslandScheduler.h"
+#include "base/IslandSettings.h"
 #include "platform/MediaPlayers.h"
 
 #include <QPointer>

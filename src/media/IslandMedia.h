@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Feeder.h"
+#include "base/Feeder.h"
 #include "media/MediaCommand.h"
 #include "media/MediaLog.h"
 #include "media/NowPlaying.h"

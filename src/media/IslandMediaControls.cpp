@@ -1,7 +1,7 @@
 #include "media/IslandMedia.h"
 
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "media/MusicText.h"
 #include "platform/MediaPlayers.h"
 

@@ -1,8 +1,8 @@
 #include "media/MusicSection.h"
 
-#include "app/AppActivity.h"
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/AppActivity.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "media/IslandMedia.h"
 #include "media/MusicText.h"
 

@@ -26,8 +26,8 @@ class SoundPlayer;
 class SpeechSynthesizer;
 class TerminalFocus;
 
-// The platform's implementations of the services the program needs, made by the platform folder
-// that the build selects.
+// The desktop's implementations of the services the program needs; the composition root picks the
+// backend that makes each one.
 struct PlatformServices {
     PlatformServices();
     PlatformServices(PlatformServices &&) noexcept;
@@ -59,8 +59,6 @@ struct PlatformServices {
 
     // Before the application object: route the log lines to the system log.
     static void installLogging();
-    // After the application object: termination signals quit in order, and the services are made.
-    static PlatformServices make();
 };
 
 } // namespace vaxo

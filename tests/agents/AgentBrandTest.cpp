@@ -1,7 +1,7 @@
 #include "agents/AgentBrand.h"
 #include "agents/TabSelectionScript.h"
-#include "agents/TerminalPanes.h"
 #include "platform/InstalledApps.h"
+#include "platform/TerminalPanes.h"
 
 #include "TestTable.h"
 

@@ -1,6 +1,6 @@
 #include "ClaudeHarness.h"
 #include "agents/AskDecision.h"
-#include "app/Clock.h"
+#include "base/Clock.h"
 
 #include <QDir>
 #include <QJsonDocument>

@@ -2,7 +2,7 @@
 
 #include "agents/AgentSession.h"
 #include "agents/HookInstaller.h"
-#include "app/Clock.h"
+#include "base/Clock.h"
 
 #include <QDir>
 #include <QFileInfo>

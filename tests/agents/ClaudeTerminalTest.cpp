@@ -3,7 +3,7 @@
 #include "agents/AskDecision.h"
 #include "agents/LocalHookSource.h"
 #include "agents/SessionLiveness.h"
-#include "app/Clock.h"
+#include "base/Clock.h"
 #include "platform/PlatformServices.h"
 
 #include <QDir>

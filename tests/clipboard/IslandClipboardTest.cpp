@@ -1,11 +1,11 @@
 #include "clipboard/IslandClipboard.h"
 #include "FakeClock.h"
 #include "TempHome.h"
-#include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
-#include "app/IslandSettings.h"
+#include "base/AppActivity.h"
+#include "base/IslandScheduler.h"
+#include "base/IslandSettings.h"
 #include "platform/linux/QtPasteboard.h"
-#include "platform/linux/X11FrontmostApp.h"
+#include "platform/x11/X11FrontmostApp.h"
 #include "secrets/SecretScanner.h"
 
 #include <QImage>

@@ -1,5 +1,5 @@
 #include "island/IslandState.h"
-#include "app/IslandSettings.h"
+#include "base/IslandSettings.h"
 
 #include "FakeClock.h"
 #include "StateFixture.h"

@@ -1,6 +1,6 @@
 #include "agents/HookInstaller.h"
-#include "app/Clock.h"
 #include "app/IslandAppDelegate.h"
+#include "base/Clock.h"
 #include "island/IslandController.h"
 #include "island/IslandState.h"
 

@@ -1,5 +1,5 @@
-#include "app/AppActivity.h"
 #include "app/IslandAppDelegate.h"
+#include "base/AppActivity.h"
 #include "island/IslandState.h"
 #include "island/summon/SummonPanel.h"
 #include "island/summon/SummonView.h"

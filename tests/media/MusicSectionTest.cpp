@@ -2,9 +2,9 @@
 #include "FakeClock.h"
 #include "FakeMediaPlayers.h"
 #include "TempHome.h"
-#include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
-#include "app/IslandSettings.h"
+#include "base/AppActivity.h"
+#include "base/IslandScheduler.h"
+#include "base/IslandSettings.h"
 #include "media/IslandMedia.h"
 #include "media/MusicText.h"
 

@@ -1,6 +1,6 @@
 #include "FakeClock.h"
-#include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
+#include "base/AppActivity.h"
+#include "base/IslandScheduler.h"
 #include "platform/linux/LinuxDisplayState.h"
 #include "platform/linux/PowerProfilesLowPower.h"
 

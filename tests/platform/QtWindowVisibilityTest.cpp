@@ -1,5 +1,5 @@
 #include "platform/linux/QtWindowVisibility.h"
-#include "app/AppActivity.h"
+#include "base/AppActivity.h"
 
 #include <QTest>
 #include <QWindow>

@@ -1,5 +1,5 @@
-#include "agents/AgentSession.h"
 #include "platform/linux/LinuxTerminalFocus.h"
+#include "platform/x11/X11WindowActivation.h"
 
 #include "Xterm.h"
 
@@ -12,6 +12,11 @@ using linux_platform::LinuxTerminalFocus;
 using test::Xterm;
 
 namespace {
+
+bool focusTty(const QString &tty)
+{
+    return LinuxTerminalFocus::focusTty(tty, &linux_platform::X11WindowActivation::activateWindowOf);
+}
 
 // A tmux server of the test's own, on a socket no other tmux uses.
 struct Tmux {
@@ -52,11 +57,11 @@ private slots:
 
     void unknownTtysAreIgnored()
     {
-        QVERIFY(!LinuxTerminalFocus::focusTty(QString()));
-        QVERIFY(!LinuxTerminalFocus::focusTty(QStringLiteral("/dev/tty1")));
-        QVERIFY(!LinuxTerminalFocus::focusTty(QStringLiteral("/dev/pts/99999")));
-        LinuxTerminalFocus focus;
-        focus.focus(AgentSession{}); // no tty: nothing to do, nothing happens
+        QVERIFY(!focusTty(QString()));
+        QVERIFY(!focusTty(QStringLiteral("/dev/tty1")));
+        QVERIFY(!focusTty(QStringLiteral("/dev/pts/99999")));
+        LinuxTerminalFocus focus(&linux_platform::X11WindowActivation::activateWindowOf);
+        focus.focus(QString()); // no tty: nothing to do, nothing happens
     }
 
     void theTerminalAndThePaneOfTheTtyComeForward()
@@ -69,7 +74,7 @@ private slots:
         QCOMPARE(tmux.stateOf(hidden), QStringLiteral("0 0"));
 
         // Without a client the pane is selected all the same; there is no window to bring forward.
-        QVERIFY(!LinuxTerminalFocus::focusTty(hidden));
+        QVERIFY(!focusTty(hidden));
         QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));
 
         // Two terminals, each on a tty of its own, and a third that shows the tmux session.
@@ -79,17 +84,15 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(first.ready() && second.ready() && client.ready(), 20000);
         QVERIFY(first.tty() != second.tty());
         QTRY_VERIFY_WITH_TIMEOUT(!tmux.run({"list-clients"}).isEmpty(), 10000);
-        QVERIFY(LinuxTerminalFocus::focusTty(first.tty()));
+        QVERIFY(focusTty(first.tty()));
         QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), first.window(), 10000);
 
-        // As the island asks: off its thread, for a session.
-        LinuxTerminalFocus focus;
-        AgentSession session;
-        session.tty = second.tty();
-        focus.focus(session);
+        // As the island asks: off its thread.
+        LinuxTerminalFocus focus(&linux_platform::X11WindowActivation::activateWindowOf);
+        focus.focus(second.tty());
         QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), second.window(), 10000);
 
-        QVERIFY(LinuxTerminalFocus::focusTty(hidden));
+        QVERIFY(focusTty(hidden));
         QCOMPARE(tmux.stateOf(hidden), QStringLiteral("1 1"));
         QTRY_COMPARE_WITH_TIMEOUT(Xterm::activeWindow(), client.window(), 10000);
     }

@@ -1,4 +1,4 @@
-#include "platform/linux/XScreenSaverIdleTime.h"
+#include "platform/x11/XScreenSaverIdleTime.h"
 
 #include <QProcess>
 #include <QTest>

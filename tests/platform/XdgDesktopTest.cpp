@@ -1,4 +1,4 @@
-#include "app/LoginItem.h"
+#include "base/LoginItem.h"
 #include "platform/linux/DesktopEntryApps.h"
 #include "platform/linux/MachineModel.h"
 #include "platform/linux/XdgAutostart.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "agents/SessionSource.h"
-#include "app/IslandSettings.h"
+#include "base/IslandSettings.h"
 #include "island/IslandState.h"
 #include "platform/SoundPlayer.h"
 

@@ -1,7 +1,7 @@
 #include "island/summon/SummonPanel.h"
 
-#include "app/AppActivity.h"
-#include "app/IslandSettings.h"
+#include "base/AppActivity.h"
+#include "base/IslandSettings.h"
 #include "face/IslandVoice.h"
 #include "island/IslandWindow.h"
 #include "island/summon/SummonPlacement.h"

@@ -3,18 +3,20 @@
 #include "platform/linux/LinuxDisplayState.h"
 #include "platform/linux/PowerProfilesLowPower.h"
 #include "platform/linux/QtWindowVisibility.h"
-#include "platform/linux/XScreenSaverIdleTime.h"
 
 namespace vaxo::linux_platform {
 
-LinuxActivityPlatform::LinuxActivityPlatform(const QDBusConnection &system, const QDBusConnection &session)
-    : m_system(system), m_session(session)
+LinuxActivityPlatform::LinuxActivityPlatform(IdleTimeFactory idleTime) : m_idleTime(std::move(idleTime)) {}
+
+LinuxActivityPlatform::LinuxActivityPlatform(IdleTimeFactory idleTime, const QDBusConnection &system,
+                                             const QDBusConnection &session)
+    : m_idleTime(std::move(idleTime)), m_system(system), m_session(session)
 {
 }
 
 IdleTimeSource *LinuxActivityPlatform::createIdleTimeSource(QObject *parent)
 {
-    return new XScreenSaverIdleTime(parent);
+    return m_idleTime ? m_idleTime(parent) : nullptr;
 }
 
 DisplayStateSource *LinuxActivityPlatform::createDisplayStateSource(QObject *parent)

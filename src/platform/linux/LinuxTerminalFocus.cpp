@@ -1,10 +1,8 @@
 #include "platform/linux/LinuxTerminalFocus.h"
 
-#include "agents/AgentSession.h"
-#include "agents/TerminalPanes.h"
+#include "platform/TerminalPanes.h"
 #include "platform/linux/ProcTerminals.h"
 #include "platform/linux/TerminalMultiplexers.h"
-#include "platform/linux/X11WindowActivation.h"
 
 namespace vaxo::linux_platform {
 namespace {
@@ -12,7 +10,7 @@ namespace {
 // tmux in kitty in ... : how many drawing programs are followed outwards from the pane.
 constexpr int kMaxNesting = 3;
 
-bool focusNested(const QString &tty, int depth)
+bool focusNested(const QString &tty, int depth, const LinuxTerminalFocus::WindowActivation &activate)
 {
     const auto pts = TerminalPanes::ptsNumber(tty);
     const auto holder = pts ? ProcTerminals::masterHolder(*pts) : std::nullopt;
@@ -23,7 +21,7 @@ bool focusNested(const QString &tty, int depth)
         // tmux draws the pane into the ttys of its clients, which are drawn by terminals in turn.
         const QStringList clients = TerminalMultiplexers::selectTmuxPane(tty, *pts);
         for (const QString &client : clients)
-            if (depth < kMaxNesting && focusNested(client, depth + 1))
+            if (depth < kMaxNesting && focusNested(client, depth + 1, activate))
                 return true;
         return false;
     }
@@ -31,12 +29,12 @@ bool focusNested(const QString &tty, int depth)
         TerminalMultiplexers::selectKittyWindow(*pts);
     else if (program.startsWith(QLatin1String("wezterm")))
         TerminalMultiplexers::selectWeztermPane(tty, *pts);
-    return X11WindowActivation::activateWindowOf(ProcTerminals::lineage(*holder));
+    return activate && activate(ProcTerminals::lineage(*holder));
 }
 
 } // namespace
 
-LinuxTerminalFocus::LinuxTerminalFocus()
+LinuxTerminalFocus::LinuxTerminalFocus(WindowActivation activate) : m_activate(std::move(activate))
 {
     m_worker.setMaxThreadCount(1);
     m_worker.setObjectName(QStringLiteral("terminal-focus"));
@@ -47,16 +45,15 @@ LinuxTerminalFocus::~LinuxTerminalFocus()
     m_worker.waitForDone();
 }
 
-void LinuxTerminalFocus::focus(const AgentSession &session)
+void LinuxTerminalFocus::focus(const QString &tty)
 {
-    const QString tty = session.tty.value_or(QString());
     if (!tty.isEmpty())
-        m_worker.start([tty] { focusTty(tty); });
+        m_worker.start([tty, activate = m_activate] { focusTty(tty, activate); });
 }
 
-bool LinuxTerminalFocus::focusTty(const QString &tty)
+bool LinuxTerminalFocus::focusTty(const QString &tty, const WindowActivation &activate)
 {
-    return focusNested(tty, 0);
+    return focusNested(tty, 0, activate);
 }
 
 } // namespace vaxo::linux_platform

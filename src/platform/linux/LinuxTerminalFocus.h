@@ -2,8 +2,11 @@
 
 #include "platform/TerminalFocus.h"
 
+#include <QList>
 #include <QString>
 #include <QThreadPool>
+
+#include <functional>
 
 namespace vaxo::linux_platform {
 
@@ -13,15 +16,20 @@ namespace vaxo::linux_platform {
 // after another on a thread of their own; the destructor waits for the one under way.
 class LinuxTerminalFocus final : public TerminalFocus {
 public:
-    LinuxTerminalFocus();
+    // Asks the display server to bring forward the window of the first of these processes (innermost
+    // first) that has one; true when one was asked. Runs on the focus thread.
+    using WindowActivation = std::function<bool(const QList<qint64> &lineage)>;
+
+    explicit LinuxTerminalFocus(WindowActivation activate);
     ~LinuxTerminalFocus() override;
 
-    void focus(const AgentSession &session) override;
+    void focus(const QString &tty) override;
 
     // The work of one request, on the calling thread: true when a window was asked to come forward.
-    static bool focusTty(const QString &tty);
+    static bool focusTty(const QString &tty, const WindowActivation &activate);
 
 private:
+    WindowActivation m_activate;
     QThreadPool m_worker;
 };
 

@@ -1,6 +1,6 @@
 #include "platform/linux/MprisMediaPlayers.h"
 
-#include "app/Clock.h"
+#include "base/Clock.h"
 #include "platform/linux/MprisRecord.h"
 #include "platform/linux/PendingCalls.h"
 

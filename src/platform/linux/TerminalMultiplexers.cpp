@@ -1,6 +1,6 @@
 #include "platform/linux/TerminalMultiplexers.h"
 
-#include "agents/TerminalPanes.h"
+#include "platform/TerminalPanes.h"
 #include "platform/linux/ProcTerminals.h"
 
 #include <QProcess>

@@ -1,7 +1,7 @@
 #include "FakeActivitySources.h"
 #include "FakeClock.h"
-#include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
+#include "base/AppActivity.h"
+#include "base/IslandScheduler.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "agents/TerminalPanes.h"
+#include "platform/TerminalPanes.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

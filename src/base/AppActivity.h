@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/IslandBusyInputs.h"
+#include "base/IslandBusyInputs.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "platform/linux/XcbKeyboardMap.h"
+#include "platform/x11/XcbKeyboardMap.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Job.h"
-#include "app/Tier.h"
+#include "base/Job.h"
+#include "base/Tier.h"
 
 #include <QMap>
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "platform/linux/XcbValues.h"
+#include "platform/x11/XcbValues.h"
 
 #include <QByteArray>
 

@@ -1,6 +1,6 @@
-#include "platform/linux/X11DesktopWindows.h"
+#include "platform/x11/X11DesktopWindows.h"
 
-#include "platform/linux/XcbValues.h"
+#include "platform/x11/XcbValues.h"
 
 #include <QGuiApplication>
 #include <QScreen>

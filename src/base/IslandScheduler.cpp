@@ -1,8 +1,8 @@
-#include "app/IslandScheduler.h"
+#include "base/IslandScheduler.h"
 
-#include "app/AppActivity.h"
-#include "app/Clock.h"
-#include "app/Timer.h"
+#include "base/AppActivity.h"
+#include "base/Clock.h"
+#include "base/Timer.h"
 #include "platform/IdleTimeSource.h"
 
 #include <QDebug>

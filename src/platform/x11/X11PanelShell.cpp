@@ -1,4 +1,4 @@
-#include "platform/linux/X11PanelShell.h"
+#include "platform/x11/X11PanelShell.h"
 
 #include <QGuiApplication>
 #include <QRect>

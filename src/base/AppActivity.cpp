@@ -1,4 +1,4 @@
-#include "app/AppActivity.h"
+#include "base/AppActivity.h"
 
 #include "platform/DisplayStateSource.h"
 #include "platform/LowPowerSource.h"

@@ -1,6 +1,6 @@
-#include "platform/linux/X11FrontmostApp.h"
+#include "platform/x11/X11FrontmostApp.h"
 
-#include "platform/linux/XcbValues.h"
+#include "platform/x11/XcbValues.h"
 
 #include <QFile>
 #include <QGuiApplication>

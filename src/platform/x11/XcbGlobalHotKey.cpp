@@ -1,6 +1,6 @@
-#include "platform/linux/XcbGlobalHotKey.h"
+#include "platform/x11/XcbGlobalHotKey.h"
 
-#include "platform/linux/XcbKeyboardMap.h"
+#include "platform/x11/XcbKeyboardMap.h"
 
 #include <QGuiApplication>
 

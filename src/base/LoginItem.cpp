@@ -1,4 +1,4 @@
-#include "app/LoginItem.h"
+#include "base/LoginItem.h"
 
 #include "platform/LoginRegistration.h"
 

@@ -1,4 +1,4 @@
-#include "app/Tier.h"
+#include "base/Tier.h"
 
 namespace vaxo {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/XScreenSaverIdleTime.h"
+#include "platform/x11/XScreenSaverIdleTime.h"
 
 #include <X11/Xlib.h>
 #include <X11/extensions/scrnsaver.h>

@@ -1,6 +1,6 @@
-#include "platform/linux/X11WindowActivation.h"
+#include "platform/x11/X11WindowActivation.h"
 
-#include "platform/linux/XcbValues.h"
+#include "platform/x11/XcbValues.h"
 
 #include <xcb/xcb.h>
 

@@ -3,10 +3,10 @@
 // thread's real wake-ups (voluntary context switches) on Qt's coarse timers over that many seconds.
 #include "FakeActivitySources.h"
 #include "FakeClock.h"
-#include "app/AppActivity.h"
-#include "app/IslandScheduler.h"
+#include "base/AppActivity.h"
+#include "base/IslandScheduler.h"
 
-#include "app/Clock.h"
+#include "base/Clock.h"
 
 #include <QCoreApplication>
 #include <QFile>

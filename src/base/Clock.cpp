@@ -1,6 +1,6 @@
-#include "app/Clock.h"
+#include "base/Clock.h"
 
-#include "app/Timer.h"
+#include "base/Timer.h"
 
 #include <QDateTime>
 #include <QTimer>

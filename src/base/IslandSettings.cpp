@@ -1,4 +1,4 @@
-#include "app/IslandSettings.h"
+#include "base/IslandSettings.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/XInputPointerMonitor.h"
+#include "platform/x11/XInputPointerMonitor.h"
 
 #include <QSocketNotifier>
 
